@@ -1,10 +1,13 @@
 #include "TestSupport.h"
 
 #include <atomic>
+#include <csignal>
 #include <fstream>
 #include <iterator>
 #include <random>
 #include <stdexcept>
+
+#include <sys/resource.h>
 
 namespace fs = std::filesystem;
 
@@ -41,4 +44,21 @@ std::string ReadText(const std::string& path) {
 
 void WriteText(const std::string& path, const std::string& text) {
     WriteBytes(path, {text.begin(), text.end()});
+}
+
+FileSizeLimit::FileSizeLimit(std::uint64_t bytes) {
+    previousHandler_ = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    previousSoft_ = limit.rlim_cur;
+    limit.rlim_cur = bytes;
+    setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+FileSizeLimit::~FileSizeLimit() {
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    limit.rlim_cur = previousSoft_;
+    setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, previousHandler_);
 }

@@ -1,0 +1,17 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds, and runs every test: the full build, then the display-free
+# libraries again under AddressSanitizer and UndefinedBehaviorSanitizer.
+set -euo pipefail
+cd "$(dirname "$0")"
+. scripts/setup.sh
+
+lw_install_packages "${LW_PACKAGES[@]}"
+
+lw_build build -DCMAKE_BUILD_TYPE=RelWithDebInfo -DLW_WERROR=ON
+ctest --test-dir build --output-on-failure --parallel "$(nproc)"
+
+lw_build build-asan -DCMAKE_BUILD_TYPE=Debug -DLW_SANITIZE=ON -DLW_PURE_ONLY=ON -DLW_WERROR=ON
+ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+  ctest --test-dir build-asan --output-on-failure --parallel "$(nproc)"
+
+echo "All tests passed."
