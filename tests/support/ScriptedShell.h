@@ -1,0 +1,66 @@
+#pragma once
+// A Shell for tests: answers questions and dialogs from queues filled by the test and records
+// everything the editor showed or asked. An unexpected question fails the test.
+
+#include "Shell.h"
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+struct ShownMessage {
+    std::string text;
+    std::string title;
+    MessageIcon icon;
+};
+
+struct AskedQuestion {
+    std::string text;
+    std::string title;
+    Buttons buttons;
+    MessageIcon icon;
+    Answer defaultAnswer;
+};
+
+struct StartedProgram {
+    std::string program;
+    std::vector<std::string> arguments;
+};
+
+class ScriptedShell : public Shell {
+public:
+    // Scripted answers, used front first.
+    std::deque<Answer> answers;
+    std::deque<std::optional<std::string>> openChoices;
+    std::deque<std::optional<std::string>> saveChoices;
+    std::deque<AskResult> askChoices;
+    bool startSucceeds = true;
+
+    // What happened.
+    std::vector<ShownMessage> messages;
+    std::vector<AskedQuestion> questions;
+    std::vector<FileDialogOptions> openDialogs;
+    std::vector<FileDialogOptions> saveDialogs;
+    std::vector<AskKind> askDialogs;
+    std::vector<StartedProgram> started;
+    std::vector<std::string> openedDocuments;
+    int textureReloads = 0;
+    int renders = 0;
+    int uiUpdates = 0;
+
+    void ShowMessage(const std::string& text, const std::string& title, MessageIcon icon) override;
+    Answer Ask(const std::string& text, const std::string& title, Buttons buttons, MessageIcon icon,
+               Answer defaultAnswer) override;
+    std::optional<std::string> ShowOpenDialog(const FileDialogOptions& options) override;
+    std::optional<std::string> ShowSaveDialog(const FileDialogOptions& options) override;
+    AskResult AskDialog(AskKind kind) override;
+    bool StartDetached(const std::string& program, const std::vector<std::string>& arguments) override;
+    bool OpenWithDesktop(const std::string& path) override;
+    void ReloadTextures() override { ++textureReloads; }
+    void RenderScene() override { ++renders; }
+    void UpdateUI() override { ++uiUpdates; }
+
+    // Fails the test if any scripted answer was left unused.
+    void ExpectAllAnswersUsed() const;
+};
