@@ -6,6 +6,7 @@ LW_PACKAGES=(
   qt6-base-dev libqt6opengl6-dev libglu1-mesa-dev libgl1-mesa-dri
   xvfb xauth
   googletest libgtest-dev libgmock-dev libbenchmark-dev
+  locales
 )
 
 lw_missing_packages() {
@@ -37,4 +38,13 @@ lw_build() {
   shift
   cmake -S . -B "$folder" -G Ninja "$@"
   cmake --build "$folder" --parallel "$(nproc)"
+}
+
+# A locale with a decimal comma, so the tests can show that files are written with "." whatever the
+# user's regional settings. Made only when missing and when we may.
+lw_prepare_comma_locale() {
+  locale -a 2>/dev/null | grep -qi '^de_DE\.utf-\?8$' && return 0
+  local sudo=""
+  [ "$(id -u)" -ne 0 ] && { command -v sudo >/dev/null || return 0; sudo="sudo -n"; }
+  $sudo localedef -i de_DE -f UTF-8 de_DE.UTF-8 2>/dev/null || echo "note: no de_DE.UTF-8 locale; the decimal-comma test will be skipped"
 }
