@@ -6,10 +6,10 @@
 #include "Shell.h"
 #include "TerrainModel.h"
 #include "TrackDocument.h"
+#include "Version.h"
 
 #include <string>
 
-inline constexpr const char* kProgramName = "CorvantaLandwright";
 inline constexpr const char* kSettingsFileName = "CorvantaLandwright.ini";
 inline constexpr const char* kSimulatorFileName = "CorvantaSimulator.exe";
 inline constexpr const char* kHelpIndexPath = "help/landwright/index.htm";

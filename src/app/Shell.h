@@ -23,7 +23,15 @@ struct FileDialogOptions {
 };
 
 // The questions that offer "Don't Ask Me Again.".
-enum class AskKind { LoadTrackTerrain, LoadNoTerrain, ImportOverwrite };
+enum class AskKind { LoadTrackTerrain, LoadNoTerrain };
+
+// A colour as the colour dialog works with it: red, green, blue, each 0 to 255.
+struct ByteColour {
+    int r = 0;
+    int g = 0;
+    int b = 0;
+    bool operator==(const ByteColour&) const = default;
+};
 
 struct AskResult {
     int button = 0;            // 0 or 1
@@ -40,6 +48,8 @@ public:
     virtual std::optional<std::string> ShowOpenDialog(const FileDialogOptions& options) = 0;
     virtual std::optional<std::string> ShowSaveDialog(const FileDialogOptions& options) = 0;
     virtual AskResult AskDialog(AskKind kind) = 0;
+    // The colour picker, starting at initial; nothing when the user cancels.
+    virtual std::optional<ByteColour> ShowColourDialog(const ByteColour& initial) = 0;
 
     // Starts a program without waiting for it; false when it could not be started.
     virtual bool StartDetached(const std::string& program, const std::vector<std::string>& arguments) = 0;

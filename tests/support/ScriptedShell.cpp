@@ -51,6 +51,17 @@ AskResult ScriptedShell::AskDialog(AskKind kind) {
     return result;
 }
 
+std::optional<ByteColour> ScriptedShell::ShowColourDialog(const ByteColour& initial) {
+    colourDialogs.push_back(initial);
+    if (colourChoices.empty()) {
+        ADD_FAILURE() << "unexpected colour dialog";
+        return std::nullopt;
+    }
+    auto choice = colourChoices.front();
+    colourChoices.pop_front();
+    return choice;
+}
+
 bool ScriptedShell::StartDetached(const std::string& program, const std::vector<std::string>& arguments) {
     started.push_back({program, arguments});
     return startSucceeds;
@@ -66,4 +77,5 @@ void ScriptedShell::ExpectAllAnswersUsed() const {
     EXPECT_TRUE(openChoices.empty()) << openChoices.size() << " open dialog choices left";
     EXPECT_TRUE(saveChoices.empty()) << saveChoices.size() << " save dialog choices left";
     EXPECT_TRUE(askChoices.empty()) << askChoices.size() << " ask dialog choices left";
+    EXPECT_TRUE(colourChoices.empty()) << colourChoices.size() << " colour dialog choices left";
 }

@@ -35,6 +35,7 @@ public:
     std::deque<std::optional<std::string>> openChoices;
     std::deque<std::optional<std::string>> saveChoices;
     std::deque<AskResult> askChoices;
+    std::deque<std::optional<ByteColour>> colourChoices;
     bool startSucceeds = true;
 
     // What happened.
@@ -43,6 +44,7 @@ public:
     std::vector<FileDialogOptions> openDialogs;
     std::vector<FileDialogOptions> saveDialogs;
     std::vector<AskKind> askDialogs;
+    std::vector<ByteColour> colourDialogs; // the colour each colour dialog started at
     std::vector<StartedProgram> started;
     std::vector<std::string> openedDocuments;
     int textureReloads = 0;
@@ -55,6 +57,7 @@ public:
     std::optional<std::string> ShowOpenDialog(const FileDialogOptions& options) override;
     std::optional<std::string> ShowSaveDialog(const FileDialogOptions& options) override;
     AskResult AskDialog(AskKind kind) override;
+    std::optional<ByteColour> ShowColourDialog(const ByteColour& initial) override;
     bool StartDetached(const std::string& program, const std::vector<std::string>& arguments) override;
     bool OpenWithDesktop(const std::string& path) override;
     void ReloadTextures() override { ++textureReloads; }

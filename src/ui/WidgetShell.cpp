@@ -1,0 +1,116 @@
+#include "WidgetShell.h"
+
+#include "frmAskLoad.h"
+
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QStringList>
+
+QString FromFileText(const std::string& text) { return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())); }
+
+std::string ToFileText(const QString& text) { return text.toLatin1().toStdString(); }
+
+QString ToQtFilter(const std::string& filter) {
+    const QStringList parts = FromFileText(filter).split('|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString patterns = parts[i + 1];
+        patterns.replace(';', ' ');
+        filters << parts[i] + " (" + patterns + ")";
+    }
+    return filters.join(";;");
+}
+
+namespace {
+
+QMessageBox::Icon ToQtIcon(MessageIcon icon) {
+    switch (icon) {
+    case MessageIcon::Information: return QMessageBox::Information;
+    case MessageIcon::Exclamation: return QMessageBox::Warning;
+    case MessageIcon::Critical: return QMessageBox::Critical;
+    case MessageIcon::Question: return QMessageBox::Question;
+    case MessageIcon::None: break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButton ToQtButton(Answer answer) {
+    switch (answer) {
+    case Answer::Ok: return QMessageBox::Ok;
+    case Answer::Cancel: return QMessageBox::Cancel;
+    case Answer::Yes: return QMessageBox::Yes;
+    case Answer::No: return QMessageBox::No;
+    }
+    return QMessageBox::NoButton;
+}
+
+QMessageBox::StandardButtons ToQtButtons(Buttons buttons) {
+    switch (buttons) {
+    case Buttons::Ok: return QMessageBox::Ok;
+    case Buttons::OkCancel: return QMessageBox::Ok | QMessageBox::Cancel;
+    case Buttons::YesNo: return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::YesNoCancel: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    }
+    return QMessageBox::Ok;
+}
+
+Answer FromQtButton(int button) {
+    switch (button) {
+    case QMessageBox::Ok: return Answer::Ok;
+    case QMessageBox::Yes: return Answer::Yes;
+    case QMessageBox::No: return Answer::No;
+    default: return Answer::Cancel;
+    }
+}
+
+std::optional<std::string> RunFileDialog(QWidget* owner, const FileDialogOptions& options, bool saving) {
+    QFileDialog dialog(owner, FromFileText(options.title), FromFileText(options.folder), ToQtFilter(options.filter));
+    dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(saving || !options.mustExist ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialog.setDefaultSuffix(FromFileText(options.defaultExtension));
+    if (!options.confirmOverwrite) dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    if (!options.fileName.empty()) dialog.selectFile(FromFileText(options.fileName));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    return ToFileText(dialog.selectedFiles().constFirst());
+}
+
+} // namespace
+
+void WidgetShell::ShowMessage(const std::string& text, const std::string& title, MessageIcon icon) {
+    QMessageBox box(ToQtIcon(icon), FromFileText(title), FromFileText(text), QMessageBox::Ok, owner_);
+    box.exec();
+}
+
+Answer WidgetShell::Ask(const std::string& text, const std::string& title, Buttons buttons, MessageIcon icon,
+                        Answer defaultAnswer) {
+    QMessageBox box(ToQtIcon(icon), FromFileText(title), FromFileText(text), ToQtButtons(buttons), owner_);
+    box.setDefaultButton(ToQtButton(defaultAnswer));
+    return FromQtButton(box.exec());
+}
+
+std::optional<std::string> WidgetShell::ShowOpenDialog(const FileDialogOptions& options) {
+    return RunFileDialog(owner_, options, false);
+}
+
+std::optional<std::string> WidgetShell::ShowSaveDialog(const FileDialogOptions& options) {
+    return RunFileDialog(owner_, options, true);
+}
+
+AskResult WidgetShell::AskDialog(AskKind kind) {
+    switch (kind) {
+    case AskKind::LoadTrackTerrain: {
+        frmAskLoadTrackTerrain dialog(owner_);
+        return dialog.Run();
+    }
+    case AskKind::LoadNoTerrain: break;
+    }
+    frmAskLoadNoTerrain dialog(owner_);
+    return dialog.Run();
+}
+
+std::optional<ByteColour> WidgetShell::ShowColourDialog(const ByteColour& initial) {
+    const QColor chosen = QColorDialog::getColor(QColor(initial.r, initial.g, initial.b), owner_);
+    if (!chosen.isValid()) return std::nullopt;
+    return ByteColour{chosen.red(), chosen.green(), chosen.blue()};
+}

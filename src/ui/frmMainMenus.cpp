@@ -1,0 +1,165 @@
+// The main window's menus, their enabling by state, and their handlers.
+#include "frmAbout.h"
+#include "frmKeyboardShortcuts.h"
+#include "frmMain.h"
+#include "frmOptions.h"
+
+#include <QMenuBar>
+
+namespace {
+
+QAction* AddEntry(QMenu* menu, const char* name, const QString& text, const QKeySequence& shortcut = {}) {
+    QAction* action = menu->addAction(text);
+    action->setObjectName(name);
+    if (!shortcut.isEmpty()) action->setShortcut(shortcut);
+    return action;
+}
+
+} // namespace
+
+void frmMain::BuildMenus() {
+    BuildFileMenu();
+    BuildTerrainMenu();
+    BuildViewMenu();
+    BuildHelpMenu();
+}
+
+void frmMain::BuildFileMenu() {
+    QMenu* menu = menuBar()->addMenu("&File");
+    menu->setObjectName("mnuFile");
+    mnuOpen = AddEntry(menu, "mnuOpen", "&Open...", QKeySequence::Open);
+    connect(mnuOpen, &QAction::triggered, this, &frmMain::mnuOpen_Click);
+    menu->addSeparator();
+    for (int i = 0; i < kRecentFileCount; ++i) {
+        QAction* recent = AddEntry(menu, "", QString());
+        recent->setObjectName(QString("mnuRecent_%1").arg(i));
+        connect(recent, &QAction::triggered, this, [this, i] { mnuRecent_Click(i); });
+        mnuRecent[static_cast<std::size_t>(i)] = recent;
+    }
+    mnuClearRecent = AddEntry(menu, "mnuClearRecent", "Clear Recent Files");
+    connect(mnuClearRecent, &QAction::triggered, this, &frmMain::mnuClearRecent_Click);
+    menu->addSeparator();
+    mnuSave = AddEntry(menu, "mnuSave", "&Save", Qt::Key_F2);
+    connect(mnuSave, &QAction::triggered, this, &frmMain::mnuSave_Click);
+    mnuSaveAs = AddEntry(menu, "mnuSaveAs", "Save &As...", Qt::Key_F12);
+    connect(mnuSaveAs, &QAction::triggered, this, &frmMain::mnuSaveAs_Click);
+    menu->addSeparator();
+    mnuRideTrack = AddEntry(menu, "mnuRideTrack", "&Ride Track in Simulator", Qt::Key_F5);
+    connect(mnuRideTrack, &QAction::triggered, this, &frmMain::mnuRideTrack_Click);
+    menu->addSeparator();
+    mnuOptions = AddEntry(menu, "mnuOptions", "O&ptions...");
+    connect(mnuOptions, &QAction::triggered, this, &frmMain::mnuOptions_Click);
+    menu->addSeparator();
+    mnuExit = AddEntry(menu, "mnuExit", "E&xit");
+    connect(mnuExit, &QAction::triggered, this, &QWidget::close);
+}
+
+void frmMain::BuildTerrainMenu() {
+    QMenu* menu = menuBar()->addMenu("&Terrain");
+    menu->setObjectName("mnuTerrain");
+    mnuDeleteTerrain = AddEntry(menu, "mnuDeleteTerrain", "&Delete");
+    connect(mnuDeleteTerrain, &QAction::triggered, this, &frmMain::mnuDeleteTerrain_Click);
+    menu->addSeparator();
+    mnuRemoveTrack = AddEntry(menu, "mnuRemoveTrack", "&Remove Track Data");
+    connect(mnuRemoveTrack, &QAction::triggered, this, &frmMain::mnuRemoveTrack_Click);
+}
+
+QAction* frmMain::AddViewSwitch(QMenu* menu, const char* name, const QString& text, bool AppSettings::*field) {
+    QAction* action = AddEntry(menu, name, text);
+    action->setCheckable(true);
+    connect(action, &QAction::toggled, this, [this, field](bool on) {
+        editor_.settings.*field = on;
+        RenderScene();
+    });
+    viewSwitches_.emplace_back(action, field);
+    return action;
+}
+
+void frmMain::BuildViewMenu() {
+    QMenu* menu = menuBar()->addMenu("&View");
+    menu->setObjectName("mnuView");
+    mnuViewTerrain = AddViewSwitch(menu, "mnuViewTerrain", "&Terrain", &AppSettings::viewTerrain);
+    mnuViewWater = AddViewSwitch(menu, "mnuViewWater", "&Water", &AppSettings::viewWater);
+    mnuViewTextures = AddViewSwitch(menu, "mnuViewTextures", "Te&xtures", &AppSettings::viewTextures);
+    mnuViewSkybox = AddViewSwitch(menu, "mnuViewSkybox", "S&kybox", &AppSettings::viewSkybox);
+    menu->addSeparator();
+    mnuViewTrack = AddViewSwitch(menu, "mnuViewTrack", "Tr&ack", &AppSettings::viewTrack);
+    mnuViewSupports = AddViewSwitch(menu, "mnuViewSupports", "&Supports", &AppSettings::viewSupports);
+    mnuViewGuidelines = AddViewSwitch(menu, "mnuViewGuidelines", "&Guidelines", &AppSettings::viewGuidelines);
+    mnuViewTrees = AddViewSwitch(menu, "mnuViewTrees", "T&rees", &AppSettings::viewTrees);
+    menu->addSeparator();
+    mnuClipTerrain = AddViewSwitch(menu, "mnuClipTerrain", "&Clip Terrain to CV Scene Area", &AppSettings::clipTerrain);
+    mnuStayAbove = AddViewSwitch(menu, "mnuStayAbove", "Keep Camera &Above Ground", &AppSettings::stayAbove);
+}
+
+void frmMain::BuildHelpMenu() {
+    QMenu* menu = menuBar()->addMenu("&Help");
+    menu->setObjectName("mnuHelp");
+    mnuHelpIndex = AddEntry(menu, "mnuHelpIndex", "&Help Index", QKeySequence::HelpContents);
+    connect(mnuHelpIndex, &QAction::triggered, this, &frmMain::mnuHelpIndex_Click);
+    mnuKeyboardShortcuts = AddEntry(menu, "mnuKeyboardShortcuts", "&Keyboard Shortcuts");
+    connect(mnuKeyboardShortcuts, &QAction::triggered, this, &frmMain::mnuKeyboardShortcuts_Click);
+    menu->addSeparator();
+    mnuAbout = AddEntry(menu, "mnuAbout", "&About CorvantaLandwright");
+    connect(mnuAbout, &QAction::triggered, this, &frmMain::mnuAbout_Click);
+}
+
+void frmMain::SyncViewSwitches() {
+    for (const auto& [action, field] : viewSwitches_) {
+        const QSignalBlocker quiet(action);
+        action->setChecked(editor_.settings.*field);
+    }
+}
+
+void frmMain::UpdateUI() {
+    setWindowTitle(FromFileText(editor_.Caption()));
+    const TerrainModel& t = editor_.terrain;
+    mnuSave->setEnabled(t.trackPresent);
+    mnuSaveAs->setEnabled(t.trackPresent);
+    mnuRideTrack->setEnabled(t.trackPresent);
+    mnuRemoveTrack->setEnabled(t.trackPresent);
+    mnuDeleteTerrain->setEnabled(t.terrainPresent);
+    bool anyRecent = false;
+    for (std::size_t i = 0; i < mnuRecent.size(); ++i) {
+        const std::string& path = editor_.settings.recentPaths[i];
+        mnuRecent[i]->setVisible(!path.empty());
+        mnuRecent[i]->setText(QString("&%1 %2").arg(i + 1).arg(FromFileText(editor_.settings.recentTitles[i])));
+        mnuRecent[i]->setToolTip(FromFileText(path));
+        anyRecent = anyRecent || !path.empty();
+    }
+    mnuClearRecent->setEnabled(anyRecent);
+    SyncViewSwitches();
+}
+
+void frmMain::mnuOpen_Click() { editor_.OpenTrack(""); }
+
+void frmMain::mnuRecent_Click(int index) {
+    const std::string path = editor_.settings.recentPaths[static_cast<std::size_t>(index)];
+    if (!path.empty()) editor_.OpenTrack(path);
+}
+
+void frmMain::mnuClearRecent_Click() { editor_.ClearRecentFiles(); }
+void frmMain::mnuSave_Click() { editor_.SaveTrack(editor_.terrain.trackFilePath); }
+void frmMain::mnuSaveAs_Click() { editor_.SaveTrackAs(); }
+void frmMain::mnuRideTrack_Click() { editor_.RideTrack(); }
+void frmMain::mnuDeleteTerrain_Click() { editor_.DeleteTerrain(); }
+void frmMain::mnuRemoveTrack_Click() { editor_.RemoveTrackData(); }
+void frmMain::mnuHelpIndex_Click() { editor_.OpenHelpIndex(); }
+
+void frmMain::mnuOptions_Click() {
+    frmOptions dialog(editor_, this);
+    if (dialog.exec() == QDialog::Accepted) {
+        RenderScene();
+        UpdateUI();
+    }
+}
+
+void frmMain::mnuKeyboardShortcuts_Click() {
+    frmKeyboardShortcuts dialog(this);
+    dialog.exec();
+}
+
+void frmMain::mnuAbout_Click() {
+    frmAbout dialog(this);
+    dialog.exec();
+}

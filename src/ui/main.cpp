@@ -1,0 +1,65 @@
+// CorvantaLandwright: the terrain editor's entry point.
+//
+//   CorvantaLandwright [TRACK] [--screenshot FILE]
+//
+// With --screenshot the editor starts, opens TRACK, draws its first frame, saves a picture of the
+// main window as PNG to FILE and exits with status 0.
+#include "frmMain.h"
+
+#include <QApplication>
+#include <QSurfaceFormat>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace {
+
+void UseCompatibilityContext() {
+    QSurfaceFormat format;
+    format.setRenderableType(QSurfaceFormat::OpenGL);
+    format.setVersion(2, 1);
+    format.setProfile(QSurfaceFormat::CompatibilityProfile);
+    format.setDepthBufferSize(24);
+    format.setSwapBehavior(QSurfaceFormat::DoubleBuffer);
+    QSurfaceFormat::setDefaultFormat(format);
+}
+
+struct CommandLine {
+    QString track;      // the remaining arguments, joined as one command-line text
+    QString screenshot; // empty unless --screenshot was given
+};
+
+CommandLine ParseCommandLine(const QStringList& arguments) {
+    CommandLine line;
+    QStringList rest;
+    for (qsizetype i = 1; i < arguments.size(); ++i) {
+        if (arguments[i] == "--screenshot" && i + 1 < arguments.size()) line.screenshot = arguments[++i];
+        else rest << arguments[i];
+    }
+    line.track = rest.join(' ');
+    return line;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    UseCompatibilityContext();
+    QApplication app(argc, argv);
+    QApplication::setApplicationName("CorvantaLandwright");
+    const CommandLine line = ParseCommandLine(QApplication::arguments());
+
+    frmMain window(ProgramFolder());
+    window.show();
+    if (!window.Startup(line.track)) return 1;
+
+    if (!line.screenshot.isEmpty()) {
+        // Give the first frame time to be drawn, then grab the window and leave without the exit
+        // question or writing settings.
+        QTimer::singleShot(500, &window, [&window, &line] {
+            const bool saved = window.grab().save(line.screenshot, "PNG");
+            if (!saved) std::fprintf(stderr, "could not write %s\n", qPrintable(line.screenshot));
+            QCoreApplication::exit(saved ? 0 : 1);
+        });
+    }
+    return QApplication::exec();
+}
