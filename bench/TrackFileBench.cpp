@@ -65,9 +65,9 @@ void ReadFile(benchmark::State& state) {
 
 } // namespace
 
-BENCHMARK(SerializeInMemory)->Arg(409)->Arg(513)->Unit(benchmark::kMillisecond);
-BENCHMARK(ParseInMemory)->Arg(409)->Arg(513)->Unit(benchmark::kMillisecond);
-BENCHMARK(WriteFile)->Arg(409)->Unit(benchmark::kMillisecond);
-BENCHMARK(ReadFile)->Arg(409)->Unit(benchmark::kMillisecond);
+BENCHMARK(SerializeInMemory)->Arg(409)->Arg(513)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(ParseInMemory)->Arg(409)->Arg(513)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(WriteFile)->Arg(409)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(ReadFile)->Arg(409)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 BENCHMARK_MAIN();

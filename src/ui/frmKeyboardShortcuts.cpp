@@ -49,6 +49,7 @@ frmKeyboardShortcuts::frmKeyboardShortcuts(QWidget* parent) : QDialog(parent) {
     lstShortcuts->setObjectName("lstShortcuts");
     lstShortcuts->setHorizontalHeaderLabels({"Key", "Action"});
     lstShortcuts->verticalHeader()->hide();
+    lstShortcuts->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     lstShortcuts->setEditTriggers(QAbstractItemView::NoEditTriggers);
     lstShortcuts->setSelectionMode(QAbstractItemView::NoSelection);
     for (int row = 0; row < static_cast<int>(list.size()); ++row) {
@@ -64,5 +65,5 @@ frmKeyboardShortcuts::frmKeyboardShortcuts(QWidget* parent) : QDialog(parent) {
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(lstShortcuts);
     layout->addWidget(btnOkay, 0, Qt::AlignRight);
-    resize(420, 560);
+    resize(440, 620);
 }

@@ -147,16 +147,3 @@ TEST(SettingsFile, FailedSaveLeavesThePreviousFile) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1)
         << "no temporary left";
 }
-
-TEST(SettingsFile, SaveIntoAReadOnlyFolderFailsAndLeavesThePreviousFile) {
-    ScratchFolder folder;
-    const std::string path = folder.File("CorvantaLandwright.ini");
-    WriteText(path, ";previous\r\n");
-    std::filesystem::permissions(folder.Path(),
-                                 std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
-    if (std::ofstream(folder.File("probe"))) GTEST_SKIP() << "these rights ignore a read-only folder";
-    std::string error;
-    EXPECT_FALSE(SaveSettings(path, AppSettings{}, error));
-    EXPECT_FALSE(error.empty());
-    EXPECT_EQ(ReadText(path), ";previous\r\n");
-}
