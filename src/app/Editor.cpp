@@ -4,6 +4,7 @@
 #include "PathUtil.h"
 #include "TrackFile.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace {
@@ -68,7 +69,7 @@ void Editor::OpenTrack(const std::string& requested) {
     terrain.trackFilePath = path;
     AddRecentFile(path);
     // A track is present when it has at least one stretch to trace.
-    terrain.trackPresent = track.bezier.vertices.size() >= 2;
+    terrain.trackPresent = TraceTrack(track, spine);
     terrain.terrainChanged = false;
     DecideTerrainOnOpen(terrain.terrainPresent);
     AfterTerrainReplaced();
@@ -99,7 +100,30 @@ void Editor::DecideTerrainOnOpen(bool hadTerrain) {
     if (answer == 1) ClearTerrain(terrain);
 }
 
-void Editor::AfterTerrainReplaced() {
+std::optional<SceneGround> Editor::Ground() const {
+    if (!terrain.terrainPresent || mesh.Empty()) return std::nullopt;
+    return SceneGround{&mesh, terrain.spacingX, terrain.spacingZ};
+}
+
+void Editor::ResetView() {
+    const std::optional<SceneGround> ground = Ground();
+    ResetCamera(camera, ground ? &*ground : nullptr);
+}
+
+void Editor::UpdateCursorHeight() {
+    if (!terrain.terrainPresent || terrain.heights.Empty()) {
+        cursor.y = 0.0f;
+        return;
+    }
+    const int column = std::clamp(GridIndexUnder(cursor.x, terrain.spacingX), 0, terrain.heights.Columns() - 1);
+    const int row = std::clamp(GridIndexUnder(cursor.z, terrain.spacingZ), 0, terrain.heights.Rows() - 1);
+    cursor.y = terrain.heights.At(row, column);
+}
+
+void Editor::AfterTerrainReplaced(bool resetCamera) {
+    if (terrain.terrainPresent) mesh.Build(terrain);
+    else mesh.Clear();
+    if (resetCamera) ResetView();
     shell.ReloadTextures();
     shell.RenderScene();
     shell.UpdateUI();
@@ -237,6 +261,7 @@ void Editor::RemoveTrackData() {
                   "Warning!", Buttons::YesNo, MessageIcon::Question, Answer::No) != Answer::Yes)
         return;
     terrain.trackPresent = false;
+    spine.Clear();
     shell.RenderScene();
     shell.UpdateUI();
 }

@@ -3,12 +3,19 @@
 // menus, keys and command line call. Talks to the user only through its Shell.
 
 #include "AppSettings.h"
+#include "RenderMesh.h"
+#include "mCamera.h"
 #include "Shell.h"
 #include "TerrainModel.h"
 #include "TrackDocument.h"
 #include "Version.h"
+#include "mCV_TraceTrack.h"
 
+#include <optional>
 #include <string>
+
+struct TerrainSettingsValues;
+enum class TerrainApplyResult;
 
 inline constexpr const char* kSettingsFileName = "CorvantaLandwright.ini";
 inline constexpr const char* kSimulatorFileName = "CorvantaSimulator.exe";
@@ -25,6 +32,12 @@ public:
     TerrainModel terrain;
     TrackDocument track;
     AppSettings settings;
+    // What the 3D view shows: the terrain as drawn, the flying camera and the terrain cursor.
+    RenderMesh mesh;
+    CameraState camera;
+    CursorState cursor;
+    // The traced track: rebuilt when a track is opened, emptied when the track data is removed.
+    TrackSpine spine;
 
     const std::string& ProgramFolder() const { return programFolder_; }
     std::string SettingsPath() const { return programFolder_ + kSettingsFileName; }
@@ -61,12 +74,25 @@ public:
     // Terrain menu: removing the terrain, removing the track data. Each asks first.
     void DeleteTerrain();
     void RemoveTrackData();
+    // Asks before removing a present terrain; true when the terrain settings may open for a new one.
+    bool NewTerrain();
+    // The terrain settings dialog's confirm (TerrainSettings.cpp); the result says whether it may close.
+    TerrainApplyResult ApplyTerrainSettings(const TerrainSettingsValues& values);
 
     bool CanSaveTrack() const { return terrain.trackPresent; }
 
+    // The ground under the camera, or null without terrain.
+    std::optional<SceneGround> Ground() const;
+    // Back to the start position over the terrain (or at height 10 without one).
+    void ResetView();
+    // The cursor takes the height of the grid point under it (0 without terrain).
+    void UpdateCursorHeight();
+
 private:
     void DecideTerrainOnOpen(bool hadTerrain);
-    void AfterTerrainReplaced();
+    // The terrain was replaced or restyled: rebuild the mesh, reload textures, redraw, refresh the window;
+    // the camera goes back to its start unless the grid stayed the same.
+    void AfterTerrainReplaced(bool resetCamera = true);
 
     std::string programFolder_;
 };

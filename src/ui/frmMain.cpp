@@ -1,6 +1,7 @@
 #include "frmMain.h"
 
 #include "frmSplash.h"
+#include "mPictureLoader.h"
 #include "pbOpenGL.h"
 
 #include <QApplication>
@@ -21,9 +22,12 @@ QString ProgramFolder() {
 frmMain::frmMain(const QString& programFolder, QWidget* parent)
     : QMainWindow(parent), editor_(*this, ToFileText(programFolder)), widgets_(this), interaction_(&widgets_) {
     setObjectName("frmMain");
+    InstallQtPictureDecoder();
     view = new pbOpenGL(this);
+    view->SetEditor(&editor_);
     setCentralWidget(view);
     BuildMenus();
+    BuildNavigationBar();
     resize(1024, 768);
     setWindowTitle(FromFileText(editor_.Caption()));
 }
@@ -58,6 +62,7 @@ bool frmMain::Startup(const QString& commandLine) {
     ready_ = true;
     editor_.terrain.terrainPresent = false;
     editor_.terrain.trackPresent = false;
+    editor_.ResetView();
     UpdateUI();
 
     QString path = commandLine;
@@ -77,8 +82,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
         return;
     }
     editor_.SaveSettings();
-    if (QWidget::mouseGrabber()) QWidget::mouseGrabber()->releaseMouse();
-    QApplication::restoreOverrideCursor();
+    ReleaseMouse();
     event->accept();
 }
 
@@ -115,8 +119,14 @@ bool frmMain::OpenWithDesktop(const std::string& path) {
     return QDesktopServices::openUrl(QUrl::fromLocalFile(FromFileText(path)));
 }
 
-void frmMain::ReloadTextures() {}
+void frmMain::ReloadTextures() { view->RequestTextureReload(); }
 
 void frmMain::RenderScene() {
     if (ready_) view->update();
+}
+
+void frmMain::ResetCamera() {
+    editor_.ResetView();
+    UpdatePositionLabels();
+    RenderScene();
 }

@@ -11,9 +11,13 @@
 
 #include <array>
 #include <memory>
+#include <set>
 
 class QAction;
+class QLabel;
 class QMenu;
+class QRadioButton;
+class QTimer;
 class frmSplash;
 class pbOpenGL;
 
@@ -61,6 +65,8 @@ public:
     QAction* mnuOptions = nullptr;
     QAction* mnuExit = nullptr;
     // Terrain
+    QAction* mnuNewTerrain = nullptr;
+    QAction* mnuTerrainSettings = nullptr;
     QAction* mnuDeleteTerrain = nullptr;
     QAction* mnuRemoveTrack = nullptr;
     // View: one checkable entry per view switch of the settings
@@ -74,10 +80,33 @@ public:
     QAction* mnuViewSupports = nullptr;
     QAction* mnuViewTrees = nullptr;
     QAction* mnuClipTerrain = nullptr;
+    QAction* mnuResetCamera = nullptr;
+    QAction* mnuMoveCursorIntoView = nullptr;
     // Help
     QAction* mnuHelpIndex = nullptr;
     QAction* mnuKeyboardShortcuts = nullptr;
     QAction* mnuAbout = nullptr;
+
+    // Navigation bar and movement
+    std::array<QRadioButton*, 2> optMode{}; // 0 camera move mode, 1 terrain edit mode
+    std::array<QLabel*, 3> lblCameraPos{};
+    std::array<QLabel*, 3> lblCursorPos{};
+    QTimer* tmrKeyboard = nullptr;
+    QTimer* tmrMouseMove = nullptr;
+
+    bool TerrainMode() const;
+    void ResetCamera();
+    void SetTerrainMode(bool on);
+    void UpdatePositionLabels();
+    // The view's mouse, as its event handlers feed it (and tests drive it): buttons pressed, the
+    // pointer's offset from the view's centre, buttons released.
+    void ViewMousePress(Qt::MouseButtons buttons);
+    void ViewMouseDelta(int dx, int dy);
+    void ViewMouseRelease(Qt::MouseButtons remaining);
+    bool MouseCaptured() const { return mouseCaptured_; }
+    // One tick of each movement timer.
+    void KeyboardTick();
+    void MouseMoveTick();
 
 signals:
     // Each start-up status as the splash shows it.
@@ -85,6 +114,7 @@ signals:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private slots:
     void mnuOpen_Click();
@@ -94,6 +124,8 @@ private slots:
     void mnuSaveAs_Click();
     void mnuRideTrack_Click();
     void mnuOptions_Click();
+    void mnuNewTerrain_Click();
+    void mnuTerrainSettings_Click();
     void mnuDeleteTerrain_Click();
     void mnuRemoveTrack_Click();
     void mnuHelpIndex_Click();
@@ -106,6 +138,12 @@ private:
     void BuildTerrainMenu();
     void BuildViewMenu();
     void BuildHelpMenu();
+    void BuildNavigationBar();
+    void CaptureMouse();
+    void ReleaseMouse();
+    void RecentrePointer();
+    bool HandleViewKey(QEvent* event);
+    bool HandleViewMouse(QEvent* event);
     QAction* AddViewSwitch(QMenu* menu, const char* name, const QString& text, bool AppSettings::*field);
     void SyncViewSwitches();
     void SetSplashStatus(const QString& text);
@@ -116,6 +154,11 @@ private:
     frmSplash* splash_ = nullptr;
     bool ready_ = false;
     std::vector<std::pair<QAction*, bool AppSettings::*>> viewSwitches_;
+    std::set<int> keyState_;       // Qt key codes held down
+    std::set<int> pressedOnce_;    // Space and Enter presses not yet acted on
+    Qt::MouseButtons mouseButtons_; // buttons held in the view
+    int mouseDirection_ = 0;        // 1 forward, 4 backward, 0 none
+    bool mouseCaptured_ = false;
 };
 
 // The program folder: LANDWRIGHT_HOME when set, else the executable's folder; ends in "/".

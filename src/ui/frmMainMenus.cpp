@@ -3,6 +3,7 @@
 #include "frmKeyboardShortcuts.h"
 #include "frmMain.h"
 #include "frmOptions.h"
+#include "frmTeraSettings.h"
 
 #include <QMenuBar>
 
@@ -57,6 +58,10 @@ void frmMain::BuildFileMenu() {
 void frmMain::BuildTerrainMenu() {
     QMenu* menu = menuBar()->addMenu("&Terrain");
     menu->setObjectName("mnuTerrain");
+    mnuNewTerrain = AddEntry(menu, "mnuNewTerrain", "&New");
+    connect(mnuNewTerrain, &QAction::triggered, this, &frmMain::mnuNewTerrain_Click);
+    mnuTerrainSettings = AddEntry(menu, "mnuTerrainSettings", "Terrain &Settings...");
+    connect(mnuTerrainSettings, &QAction::triggered, this, &frmMain::mnuTerrainSettings_Click);
     mnuDeleteTerrain = AddEntry(menu, "mnuDeleteTerrain", "&Delete");
     connect(mnuDeleteTerrain, &QAction::triggered, this, &frmMain::mnuDeleteTerrain_Click);
     menu->addSeparator();
@@ -90,6 +95,15 @@ void frmMain::BuildViewMenu() {
     menu->addSeparator();
     mnuClipTerrain = AddViewSwitch(menu, "mnuClipTerrain", "&Clip Terrain to CV Scene Area", &AppSettings::clipTerrain);
     mnuStayAbove = AddViewSwitch(menu, "mnuStayAbove", "Keep Camera &Above Ground", &AppSettings::stayAbove);
+    menu->addSeparator();
+    mnuResetCamera = AddEntry(menu, "mnuResetCamera", "&Reset Camera");
+    connect(mnuResetCamera, &QAction::triggered, this, &frmMain::ResetCamera);
+    mnuMoveCursorIntoView = AddEntry(menu, "mnuMoveCursorIntoView", "&Move Cursor Into View");
+    connect(mnuMoveCursorIntoView, &QAction::triggered, this, [this] {
+        MoveCursorIntoView(editor_.cursor, editor_.camera, editor_.terrain.spacingX);
+        UpdatePositionLabels();
+        RenderScene();
+    });
 }
 
 void frmMain::BuildHelpMenu() {
@@ -119,6 +133,8 @@ void frmMain::UpdateUI() {
     mnuRideTrack->setEnabled(t.trackPresent);
     mnuRemoveTrack->setEnabled(t.trackPresent);
     mnuDeleteTerrain->setEnabled(t.terrainPresent);
+    mnuMoveCursorIntoView->setEnabled(t.terrainPresent);
+    mnuTerrainSettings->setEnabled(t.terrainPresent);
     bool anyRecent = false;
     for (std::size_t i = 0; i < mnuRecent.size(); ++i) {
         const std::string& path = editor_.settings.recentPaths[i];
@@ -129,6 +145,7 @@ void frmMain::UpdateUI() {
     }
     mnuClearRecent->setEnabled(anyRecent);
     SyncViewSwitches();
+    UpdatePositionLabels();
 }
 
 void frmMain::mnuOpen_Click() { editor_.OpenTrack(""); }
@@ -145,6 +162,15 @@ void frmMain::mnuRideTrack_Click() { editor_.RideTrack(); }
 void frmMain::mnuDeleteTerrain_Click() { editor_.DeleteTerrain(); }
 void frmMain::mnuRemoveTrack_Click() { editor_.RemoveTrackData(); }
 void frmMain::mnuHelpIndex_Click() { editor_.OpenHelpIndex(); }
+
+void frmMain::mnuNewTerrain_Click() {
+    if (editor_.NewTerrain()) mnuTerrainSettings_Click();
+}
+
+void frmMain::mnuTerrainSettings_Click() {
+    frmTeraSettings dialog(editor_, this);
+    dialog.exec();
+}
 
 void frmMain::mnuOptions_Click() {
     frmOptions dialog(editor_, this);

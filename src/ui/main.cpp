@@ -1,9 +1,10 @@
 // CorvantaLandwright: the terrain editor's entry point.
 //
-//   CorvantaLandwright [TRACK] [--screenshot FILE]
+//   CorvantaLandwright [TRACK] [--screenshot FILE] [--camera X,Y,Z,PITCH,YAW]
 //
 // With --screenshot the editor starts, opens TRACK, draws its first frame, saves a picture of the
-// main window as PNG to FILE and exits with status 0.
+// main window as PNG to FILE and exits with status 0. --camera places the camera after start-up
+// (world units and degrees), for pictures of a chosen view.
 #include "frmMain.h"
 
 #include <QApplication>
@@ -27,6 +28,7 @@ void UseCompatibilityContext() {
 struct CommandLine {
     QString track;      // the remaining arguments, joined as one command-line text
     QString screenshot; // empty unless --screenshot was given
+    QString camera;     // empty unless --camera was given
 };
 
 CommandLine ParseCommandLine(const QStringList& arguments) {
@@ -34,6 +36,7 @@ CommandLine ParseCommandLine(const QStringList& arguments) {
     QStringList rest;
     for (qsizetype i = 1; i < arguments.size(); ++i) {
         if (arguments[i] == "--screenshot" && i + 1 < arguments.size()) line.screenshot = arguments[++i];
+        else if (arguments[i] == "--camera" && i + 1 < arguments.size()) line.camera = arguments[++i];
         else rest << arguments[i];
     }
     line.track = rest.join(' ');
@@ -51,6 +54,14 @@ int main(int argc, char** argv) {
     frmMain window(ProgramFolder());
     window.show();
     if (!window.Startup(line.track)) return 1;
+    if (!line.camera.isEmpty()) {
+        const QStringList parts = line.camera.split(',');
+        CameraState& camera = window.Session().camera;
+        float* fields[5] = {&camera.x, &camera.y, &camera.z, &camera.pitch, &camera.yaw};
+        for (qsizetype i = 0; i < parts.size() && i < 5; ++i) *fields[i] = parts[i].toFloat();
+        window.UpdatePositionLabels();
+        window.RenderScene();
+    }
 
     if (!line.screenshot.isEmpty()) {
         // Give the first frame time to be drawn, then grab the window and leave without the exit

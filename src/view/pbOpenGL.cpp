@@ -1,5 +1,7 @@
 #include "pbOpenGL.h"
 
+#include "Editor.h"
+
 #include <QOpenGLContext>
 
 #include <GL/gl.h>
@@ -10,18 +12,44 @@ pbOpenGL::pbOpenGL(QWidget* parent) : QOpenGLWidget(parent) {
     setMinimumSize(320, 240);
 }
 
+pbOpenGL::~pbOpenGL() {
+    if (!contextReady_) return;
+    makeCurrent();
+    ReleaseOpenGL(state_);
+    doneCurrent();
+}
+
+void pbOpenGL::RequestTextureReload() {
+    texturesStale_ = true;
+    update();
+}
+
 void pbOpenGL::initializeGL() {
     contextReady_ = context() != nullptr && context()->isValid();
-    if (contextReady_) {
-        glClearColor(0.0f, 0.0f, 0.0f, 1.0f);
-        glEnable(GL_DEPTH_TEST);
-    }
+    if (contextReady_) InitOpenGL(state_, width(), height(), kFarPlane);
     emit ContextCreated(contextReady_);
 }
 
-void pbOpenGL::resizeGL(int width, int height) { glViewport(0, 0, width, height); }
+void pbOpenGL::resizeGL(int width, int height) {
+    // The framebuffer is in device pixels.
+    const qreal scale = devicePixelRatioF();
+    ResizeGLScene(static_cast<int>(width * scale), static_cast<int>(height * scale), kFarPlane);
+}
+
+void pbOpenGL::LoadTextures() {
+    texturesStale_ = false;
+    if (!editor_ || !editor_->terrain.terrainPresent) return;
+    const TerrainModel& t = editor_->terrain;
+    LoadTerrainTexture(state_, editor_->ProgramFolder(), t.groundTexture);
+    if (t.waterEnabled) LoadWaterTexture(state_, editor_->ProgramFolder(), t.waterTexture);
+}
 
 void pbOpenGL::paintGL() {
     if (!contextReady_) return;
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    if (!editor_) {
+        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        return;
+    }
+    if (texturesStale_) LoadTextures();
+    RenderScene(*editor_, state_, options_);
 }

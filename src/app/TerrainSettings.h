@@ -1,0 +1,120 @@
+#pragma once
+// The terrain settings without their dialog: the preset table, the slider ranges, the size a
+// confirm asks for, texture path checks and the values the dialog hands to
+// Editor::ApplyTerrainSettings. Texture paths are relative to the program folder and keep their
+// backslashes ("teratextures\GrassTerrain.jpg"), as the simulator reads them.
+
+#include "TerrainModel.h"
+
+#include <array>
+#include <optional>
+#include <string>
+
+// The structure options of the dialog, in the order it shows them.
+enum class TerrainStructure { Low, Normal, High, Custom };
+
+inline constexpr int kLowDetailSide = 102;
+inline constexpr int kNormalDetailSide = 205;
+inline constexpr int kHighDetailSide = 409;
+
+struct GridSize {
+    int columns = 0;
+    int rows = 0;
+    bool operator==(const GridSize&) const = default;
+};
+
+// The lowest and highest value a slider of the dialogs offers.
+struct SliderRange {
+    int minimum;
+    int maximum;
+};
+
+// Wide enough for every preset and the model's default tilings.
+inline constexpr SliderRange kGroundRepeatsRange{1, 200};
+inline constexpr SliderRange kDetailRepeatsRange{1, 500};
+inline constexpr SliderRange kWaterRepeatsRange{1, 300};
+inline constexpr SliderRange kReflectionRange{0, 255};
+// A grid needs two points per side to span anything; the undo store limits the other end.
+inline constexpr SliderRange kCustomSideRange{2, kMaxGridSide};
+
+// One button of the "Land Textures" row. An empty detail path means no detail texture.
+struct LandPreset {
+    const char* caption;
+    const char* groundTexture;
+    const char* detailTexture;
+    int groundRepeats;
+    int detailRepeats;
+};
+
+// One button of the "Water Texture" row.
+struct SeaPreset {
+    const char* caption;
+    const char* waterTexture;
+    int waterRepeats;
+    int reflection;
+};
+
+inline constexpr std::size_t kPresetCount = 9;
+
+struct TerrainPresetTable {
+    static const std::array<LandPreset, kPresetCount> land;
+    static const std::array<SeaPreset, kPresetCount> sea;
+};
+
+// Everything the terrain settings dialog holds when it is confirmed.
+struct TerrainSettingsValues {
+    TerrainStructure structure = TerrainStructure::Normal;
+    int customColumns = 0; // the custom size as the dialog shows it
+    int customRows = 0;
+    bool customSizeChosen = false; // a custom size was picked since the settings were last applied
+    std::string groundTexture;
+    int groundRepeats = 0;
+    std::string detailTexture;
+    int detailRepeats = 0;
+    bool waterEnabled = true;
+    std::string waterTexture;
+    int waterRepeats = 0;
+    int reflection = 0;
+};
+
+void ApplyLandPreset(TerrainSettingsValues& values, std::size_t index);
+void ApplySeaPreset(TerrainSettingsValues& values, std::size_t index);
+
+// What the dialog shows on opening: the model's textures, water and structure when a terrain is
+// present (tilings rounded to whole repeats), else the "Grass" and "Tropical" presets with water on
+// and the normal structure.
+TerrainSettingsValues SettingsFromTerrain(const TerrainModel& model);
+
+// The structure option that matches a grid size; Custom for any size other than the three offered.
+TerrainStructure StructureForSize(int columns, int rows);
+
+// The grid size a confirm asks for. Custom takes the custom size only when one was chosen since
+// the last apply (and then only when both counts are at least 1), else the model's size; anything
+// that yields no usable size falls back to the normal structure.
+GridSize RequestedTerrainSize(const TerrainSettingsValues& values, const TerrainModel& model);
+
+// False for an empty path and for an absolute one (a drive letter, or a leading "/" or "\"):
+// textures must lie below the program folder.
+bool IsTexturePathValid(const std::string& path);
+
+// A file chosen in the open dialog as the stored relative path: the program folder removed
+// (ignoring case) and "/" turned into "\". Nothing when the file is not below the program folder.
+std::optional<std::string> StoredTexturePath(const std::string& chosen, const std::string& programFolder);
+
+// The explanation shown under the "Invalid Texture" title after the lines naming the bad paths.
+inline constexpr const char* kTextureFolderRule =
+    "Textures must be in the TeraTextures folder or a sub-folder of it.";
+inline constexpr const char* kInvalidTextureTitle = "Invalid Texture";
+
+// The line of that message naming one texture ("Ground", "Detail", "Water"), ending in a line break.
+std::string InvalidTextureLine(const char* which);
+
+// The spacing of a custom side in metres, with two decimals: 1024 / points.
+std::string SpacingText(int points);
+
+// How a confirm ended. Only the first two let the dialog close.
+enum class TerrainApplyResult { NewGrid, SameGrid, InvalidTexture, Cancelled };
+
+inline bool DialogMayClose(TerrainApplyResult result) {
+    return result == TerrainApplyResult::NewGrid || result == TerrainApplyResult::SameGrid;
+}

@@ -1,0 +1,40 @@
+// Bitmaps, GIF and JPEG pictures through QImage: the one file of io that uses Qt (QtGui only).
+#include "mPictureLoader.h"
+
+#include <QFile>
+#include <QImage>
+#include <QImageReader>
+
+#include <algorithm>
+
+namespace {
+
+bool DecodePictureWithQt(const std::string& path, cDIBSection& image) {
+    QImageReader reader(QFile::decodeName(QByteArray::fromStdString(path)));
+    // Refuse absurd sizes from the header before the pixels are decoded.
+    const QSize size = reader.size();
+    if (size.isValid() && (size.width() > cDIBSection::kMaxSide || size.height() > cDIBSection::kMaxSide))
+        return false;
+    QImage picture;
+    if (!reader.read(&picture) || picture.isNull()) return false;
+    // Pixels that are partly transparent lose their alpha, as they would drawn on a black bitmap.
+    picture = picture.convertToFormat(QImage::Format_RGB888);
+    if (!image.Create(picture.width(), picture.height())) return false;
+    // QImage rows run top-down in red-green-blue; the bitmap's rows run bottom-up in blue-green-red.
+    for (int y = 0; y < picture.height(); ++y) {
+        const uchar* in = picture.constScanLine(y);
+        std::uint8_t* out = image.Row(picture.height() - 1 - y);
+        for (int x = 0; x < picture.width(); ++x, in += 3, out += 3) {
+            out[0] = in[2];
+            out[1] = in[1];
+            out[2] = in[0];
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+void InstallQtPictureDecoder() {
+    SetPictureDecoder(DecodePictureWithQt);
+}

@@ -1,0 +1,240 @@
+// Flying the camera and moving the terrain cursor: the navigation bar (mode and position labels),
+// the keyboard and mouse-button timers, and mouse-look with a captured, hidden pointer.
+#include "frmMain.h"
+#include "pbOpenGL.h"
+
+#include <QApplication>
+#include <QButtonGroup>
+#include <QCursor>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QRadioButton>
+#include <QTimer>
+#include <QToolBar>
+
+#include <cmath>
+
+namespace {
+
+// A tick every 20 ms: at the base speed of one unit per tick the camera flies 50 units a second and
+// turns 50 degrees a second.
+constexpr int kKeyboardTickMs = 20;
+constexpr int kMouseTickMs = 20;
+// Mouse-look turns a quarter of a degree per pixel; a cursor drag moves half a unit per pixel.
+constexpr float kLookDegreesPerPixel = 0.25f;
+constexpr float kCursorUnitsPerPixel = 0.5f;
+
+QLabel* PositionLabel(QWidget* parent, const QString& name) {
+    auto* label = new QLabel("000.00", parent);
+    label->setObjectName(name);
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance("-0000.00"));
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return label;
+}
+
+} // namespace
+
+void frmMain::BuildNavigationBar() {
+    QToolBar* bar = addToolBar("Navigation");
+    bar->setObjectName("tbNavigation");
+    bar->setMovable(false);
+    auto* group = new QButtonGroup(this);
+    const char* captions[2] = {"Camera Move Mode", "Terrain Edit Mode"};
+    for (int i = 0; i < 2; ++i) {
+        optMode[static_cast<std::size_t>(i)] = new QRadioButton(captions[i], bar);
+        optMode[static_cast<std::size_t>(i)]->setObjectName(QString("optMode_%1").arg(i));
+        optMode[static_cast<std::size_t>(i)]->setFocusPolicy(Qt::NoFocus);
+        group->addButton(optMode[static_cast<std::size_t>(i)], i);
+        bar->addWidget(optMode[static_cast<std::size_t>(i)]);
+    }
+    optMode[0]->setChecked(true);
+    bar->addSeparator();
+    bar->addWidget(new QLabel(" Camera: ", bar));
+    for (int i = 0; i < 3; ++i)
+        bar->addWidget(lblCameraPos[static_cast<std::size_t>(i)] = PositionLabel(bar, QString("lblCameraPos_%1").arg(i)));
+    bar->addSeparator();
+    bar->addWidget(new QLabel(" Cursor: ", bar));
+    for (int i = 0; i < 3; ++i)
+        bar->addWidget(lblCursorPos[static_cast<std::size_t>(i)] = PositionLabel(bar, QString("lblCursorPos_%1").arg(i)));
+
+    tmrKeyboard = new QTimer(this);
+    tmrKeyboard->setObjectName("tmrKeyboard");
+    tmrKeyboard->setInterval(kKeyboardTickMs);
+    connect(tmrKeyboard, &QTimer::timeout, this, &frmMain::KeyboardTick);
+    tmrMouseMove = new QTimer(this);
+    tmrMouseMove->setObjectName("tmrMouseMove");
+    tmrMouseMove->setInterval(kMouseTickMs);
+    connect(tmrMouseMove, &QTimer::timeout, this, &frmMain::MouseMoveTick);
+    view->installEventFilter(this);
+}
+
+bool frmMain::TerrainMode() const { return optMode[1]->isChecked(); }
+
+void frmMain::SetTerrainMode(bool on) { optMode[on ? 1 : 0]->setChecked(true); }
+
+void frmMain::UpdatePositionLabels() {
+    editor_.UpdateCursorHeight();
+    const CameraState& c = editor_.camera;
+    const CursorState& k = editor_.cursor;
+    const float camera[3] = {c.x, c.y, c.z};
+    const float cursor[3] = {k.x, k.y, k.z};
+    for (std::size_t i = 0; i < 3; ++i) {
+        lblCameraPos[i]->setText(QString::fromStdString(FormatPositionLabel(camera[i])));
+        lblCursorPos[i]->setText(QString::fromStdString(FormatPositionLabel(cursor[i])));
+    }
+}
+
+bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == view) {
+        if (HandleViewKey(event) || HandleViewMouse(event)) return true;
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+bool frmMain::HandleViewKey(QEvent* event) {
+    if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease) return false;
+    auto* key = static_cast<QKeyEvent*>(event);
+    if (key->isAutoRepeat()) return true; // held keys are polled by the timer
+    if (event->type() == QEvent::KeyPress) {
+        keyState_.insert(key->key());
+        // A quick tap must still count even if it is released before the next tick.
+        if (key->key() == Qt::Key_Space || key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)
+            pressedOnce_.insert(key->key());
+        if (!tmrKeyboard->isActive() || pressedOnce_.count(key->key())) {
+            KeyboardTick(); // the first step at once, so a tap moves
+            tmrKeyboard->start();
+        }
+    } else {
+        keyState_.erase(key->key());
+    }
+    return true;
+}
+
+void frmMain::KeyboardTick() {
+    auto held = [this](int key) { return keyState_.count(key) > 0; };
+    HeldKeys keys;
+    keys.forward = held(Qt::Key_W);
+    keys.backward = held(Qt::Key_S);
+    keys.left = held(Qt::Key_A);
+    keys.right = held(Qt::Key_D);
+    keys.up = held(Qt::Key_PageUp);
+    keys.down = held(Qt::Key_PageDown);
+    keys.pitchUp = held(Qt::Key_Up);
+    keys.pitchDown = held(Qt::Key_Down);
+    keys.yawLeft = held(Qt::Key_Left);
+    keys.yawRight = held(Qt::Key_Right);
+    keys.shift = held(Qt::Key_Shift);
+    keys.control = held(Qt::Key_Control);
+    keys.extraFast = held(Qt::Key_B);
+    const std::optional<SceneGround> ground = editor_.Ground();
+    KeyboardStep(editor_.camera, keys, ground ? &*ground : nullptr, editor_.settings.stayAbove);
+    // Space and Enter act once per press.
+    if (pressedOnce_.erase(Qt::Key_Space)) SetTerrainMode(!TerrainMode());
+    if (pressedOnce_.erase(Qt::Key_Return) + pressedOnce_.erase(Qt::Key_Enter) > 0 && editor_.terrain.terrainPresent)
+        MoveCursorIntoView(editor_.cursor, editor_.camera, editor_.terrain.spacingX);
+    keyState_.erase(Qt::Key_Space);
+    keyState_.erase(Qt::Key_Return);
+    keyState_.erase(Qt::Key_Enter);
+    UpdatePositionLabels();
+    RenderScene();
+    if (keyState_.empty() && pressedOnce_.empty()) tmrKeyboard->stop();
+}
+
+bool frmMain::HandleViewMouse(QEvent* event) {
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        ViewMousePress(static_cast<QMouseEvent*>(event)->buttons());
+        return true;
+    case QEvent::MouseButtonRelease:
+        ViewMouseRelease(static_cast<QMouseEvent*>(event)->buttons());
+        return true;
+    case QEvent::MouseMove: {
+        if (!mouseCaptured_) return true;
+        const QPoint centre(view->width() / 2, view->height() / 2);
+        const QPoint delta = static_cast<QMouseEvent*>(event)->position().toPoint() - centre;
+        if (delta.isNull()) return true; // the move caused by re-centring the pointer
+        ViewMouseDelta(delta.x(), delta.y());
+        RecentrePointer();
+        return true;
+    }
+    default: return false;
+    }
+}
+
+void frmMain::ViewMousePress(Qt::MouseButtons buttons) {
+    mouseButtons_ = buttons;
+    CaptureMouse();
+    // Camera move mode: the right button flies forward, both buttons fly backward; the left button
+    // alone only looks around.
+    mouseDirection_ = 0;
+    if (!TerrainMode() && (buttons & Qt::RightButton)) mouseDirection_ = (buttons & Qt::LeftButton) ? 4 : 1;
+    if (mouseDirection_ != 0) tmrMouseMove->start();
+    else tmrMouseMove->stop();
+}
+
+void frmMain::ViewMouseDelta(int dx, int dy) {
+    if (TerrainMode()) {
+        if (!editor_.terrain.terrainPresent) return;
+        // Right in the view moves the cursor to the camera's right, up moves it away from the camera.
+        const double yaw = editor_.camera.yaw * 0.0174532925;
+        const double right = dx * kCursorUnitsPerPixel;
+        const double ahead = -dy * kCursorUnitsPerPixel;
+        const float high = 512.0f - editor_.terrain.spacingX;
+        CursorState& cursor = editor_.cursor;
+        cursor.x = std::clamp(static_cast<float>(cursor.x + right * std::cos(yaw) - ahead * std::sin(yaw)), -512.0f, high);
+        cursor.z = std::clamp(static_cast<float>(cursor.z - right * std::sin(yaw) - ahead * std::cos(yaw)), -512.0f, high);
+    } else {
+        editor_.camera.yaw -= static_cast<float>(dx) * kLookDegreesPerPixel;
+        editor_.camera.pitch -= static_cast<float>(dy) * kLookDegreesPerPixel; // pointer up looks up
+    }
+    UpdatePositionLabels();
+    RenderScene();
+}
+
+void frmMain::ViewMouseRelease(Qt::MouseButtons remaining) {
+    mouseButtons_ = remaining;
+    if (remaining == Qt::NoButton) {
+        tmrMouseMove->stop();
+        mouseDirection_ = 0;
+        ReleaseMouse();
+    } else {
+        ViewMousePress(remaining);
+    }
+}
+
+void frmMain::MouseMoveTick() {
+    if (mouseDirection_ == 0 || !(mouseButtons_ & (Qt::LeftButton | Qt::RightButton))) return;
+    HeldKeys modifiers;
+    const Qt::KeyboardModifiers held = QApplication::queryKeyboardModifiers();
+    modifiers.shift = held & Qt::ShiftModifier;
+    modifiers.control = held & Qt::ControlModifier;
+    modifiers.extraFast = keyState_.count(Qt::Key_B) > 0;
+    const float s = MovementSpeed(modifiers);
+    MoveAlongView(editor_.camera, mouseDirection_ == 1 ? s : -s);
+    const std::optional<SceneGround> ground = editor_.Ground();
+    ClampToScene(editor_.camera, ground ? ground->spacingX : 0.0f);
+    if (ground && editor_.settings.stayAbove) ApplyGroundRule(editor_.camera, *ground);
+    UpdatePositionLabels();
+    RenderScene();
+}
+
+void frmMain::CaptureMouse() {
+    if (mouseCaptured_) return;
+    view->grabMouse();
+    view->setCursor(Qt::BlankCursor);
+    mouseCaptured_ = true;
+    RecentrePointer();
+}
+
+void frmMain::ReleaseMouse() {
+    if (!mouseCaptured_) return;
+    view->releaseMouse();
+    view->unsetCursor();
+    mouseCaptured_ = false;
+}
+
+void frmMain::RecentrePointer() { QCursor::setPos(view->mapToGlobal(QPoint(view->width() / 2, view->height() / 2))); }

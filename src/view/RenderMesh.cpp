@@ -1,0 +1,158 @@
+#include "RenderMesh.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// How many grid points one repeat of a texture covers: points / tiling, to the nearest whole
+// number, at least one.
+double RepeatPoints(int points, float tiling) {
+    const double repeat = std::nearbyint(static_cast<double>(points) / static_cast<double>(tiling));
+    return std::isfinite(repeat) && repeat >= 1.0 ? repeat : 1.0;
+}
+
+} // namespace
+
+int GridIndexUnder(float position, float spacing) {
+    const double snapped = std::nearbyint(static_cast<double>(position) + 512.0);
+    const double index = std::nearbyint(snapped / static_cast<double>(spacing));
+    // A damaged spacing gives a point far outside the grid rather than an undefined conversion.
+    if (!std::isfinite(index) || std::abs(index) > 1e6) return index < 0 ? -1000000 : 1000000;
+    return static_cast<int>(index);
+}
+
+void RenderMesh::Clear() { *this = RenderMesh{}; }
+
+void RenderMesh::Build(const TerrainData& terrain) {
+    columns_ = terrain.heights.Columns();
+    rows_ = terrain.heights.Rows();
+    if (columns_ == 0 || rows_ == 0) {
+        Clear();
+        return;
+    }
+    const std::size_t points = static_cast<std::size_t>(columns_ + 1) * static_cast<std::size_t>(rows_ + 1);
+    vertices_.assign(points, Vector3{});
+    groundUV_.assign(points, TexCoord{});
+    waterUV_.assign(points, TexCoord{});
+    normals_.assign(static_cast<std::size_t>(rows_ + 1) * NormalStride(), Vector3{});
+    const double groundX = RepeatPoints(columns_, terrain.groundTiling);
+    const double groundZ = RepeatPoints(rows_, terrain.groundTiling);
+    const double waterX = RepeatPoints(columns_, terrain.waterTiling);
+    const double waterZ = RepeatPoints(rows_, terrain.waterTiling);
+    const double halfX = 0.5 * (columns_ - 1);
+    const double halfZ = 0.5 * (rows_ - 1);
+    for (int row = 0; row < rows_; ++row) {
+        const auto z = static_cast<float>(terrain.spacingZ * (row - halfZ));
+        for (int column = 0; column < columns_; ++column) {
+            const std::size_t i = PointIndex(column, row);
+            vertices_[i] = {static_cast<float>(terrain.spacingX * (column - halfX)), terrain.heights.At(row, column), z};
+            groundUV_[i] = {static_cast<float>(column / groundX), static_cast<float>(row / groundZ)};
+            waterUV_[i] = {static_cast<float>(column / waterX), static_cast<float>(row / waterZ)};
+        }
+    }
+    UpdateNormals(1, 0, columns_ - 1, rows_ - 2);
+    BuildBlocks();
+}
+
+void RenderMesh::UpdateArea(const TerrainData& terrain, int firstColumn, int firstRow, int lastColumn, int lastRow) {
+    if (Empty() || terrain.heights.Columns() != columns_ || terrain.heights.Rows() != rows_) {
+        Build(terrain);
+        return;
+    }
+    firstColumn = std::max(firstColumn, 0);
+    firstRow = std::max(firstRow, 0);
+    lastColumn = std::min(lastColumn, columns_ - 1);
+    lastRow = std::min(lastRow, rows_ - 1);
+    if (lastColumn < firstColumn || lastRow < firstRow) return;
+    for (int row = firstRow; row <= lastRow; ++row)
+        for (int column = firstColumn; column <= lastColumn; ++column)
+            vertices_[PointIndex(column, row)].y = terrain.heights.At(row, column);
+    // A point belongs to the cells on both sides of it: widen by one cell each way.
+    UpdateNormals(std::max(1, firstColumn - 1), std::max(0, firstRow - 1), std::min(columns_ - 1, lastColumn + 1),
+                  std::min(rows_ - 2, lastRow + 1));
+    for (MeshBlock& block : blocks_) {
+        const CellRange& c = block.cells;
+        if (c.lastColumn >= firstColumn && c.firstColumn - 1 <= lastColumn && c.lastRow + 1 >= firstRow &&
+            c.firstRow <= lastRow)
+            UpdateBlockBounds(block);
+    }
+}
+
+void RenderMesh::UpdateNormals(int firstColumn, int firstRow, int lastColumn, int lastRow) {
+    for (int row = firstRow; row <= lastRow; ++row) {
+        for (int column = firstColumn; column <= lastColumn; ++column) {
+            const Vector3& a = Vertex(column - 1, row);
+            const Vector3& b = Vertex(column, row);
+            const Vector3& c = Vertex(column - 1, row + 1);
+            const Vector3& d = Vertex(column, row + 1);
+            const std::size_t at = static_cast<std::size_t>(row) * NormalStride() + 2 * static_cast<std::size_t>(column);
+            FaceNormal(normals_[at], b, a, d);
+            FaceNormal(normals_[at + 1], a, c, d);
+        }
+    }
+}
+
+void RenderMesh::BuildBlocks() {
+    blocks_.clear();
+    for (int row = 0; row <= rows_ - 2; row += kMeshBlockCells) {
+        for (int column = 1; column <= columns_ - 1; column += kMeshBlockCells) {
+            MeshBlock block;
+            block.cells = {column, std::min(column + kMeshBlockCells - 1, columns_ - 1), row,
+                           std::min(row + kMeshBlockCells - 1, rows_ - 2)};
+            UpdateBlockBounds(block);
+            blocks_.push_back(block);
+        }
+    }
+}
+
+void RenderMesh::UpdateBlockBounds(MeshBlock& block) const {
+    const CellRange& c = block.cells;
+    float low = Vertex(c.firstColumn - 1, c.firstRow).y;
+    float high = low;
+    for (int row = c.firstRow; row <= c.lastRow + 1; ++row)
+        for (int column = c.firstColumn - 1; column <= c.lastColumn; ++column) {
+            low = std::min(low, Vertex(column, row).y);
+            high = std::max(high, Vertex(column, row).y);
+        }
+    // Water is drawn at height 0 over the same cells, so the box always reaches 0.
+    low = std::min(low, 0.0f);
+    high = std::max(high, 0.0f);
+    const Vector3& first = Vertex(c.firstColumn - 1, c.firstRow);
+    const Vector3& last = Vertex(c.lastColumn, c.lastRow + 1);
+    block.low = {first.x, low, first.z};
+    block.high = {last.x, high, last.z};
+}
+
+CellRange DrawnCells(const TerrainData& terrain, bool clip) {
+    const int columns = terrain.heights.Columns();
+    const int rows = terrain.heights.Rows();
+    CellRange range{1, columns - 1, 0, rows - 2};
+    if (!clip || columns < 2 || rows < 2) return range;
+    const auto nx = static_cast<int>(std::nearbyint(440.0 / static_cast<double>(terrain.spacingX)));
+    const auto nz = static_cast<int>(std::nearbyint(440.0 / static_cast<double>(terrain.spacingZ)));
+    range.firstColumn = static_cast<int>(std::nearbyint((columns - nx) * 0.5));
+    range.lastColumn = range.firstColumn + nx - 1;
+    range.firstRow = static_cast<int>(std::nearbyint((rows - nz) * 0.5));
+    range.lastRow = range.firstRow + nz - 2;
+    // A grid narrower than the scene area is drawn whole.
+    range.firstColumn = std::max(range.firstColumn, 1);
+    range.lastColumn = std::min(range.lastColumn, columns - 1);
+    range.firstRow = std::max(range.firstRow, 0);
+    range.lastRow = std::min(range.lastRow, rows - 2);
+    return range;
+}
+
+CellRange BrushCells(const TerrainData& terrain, float cursorX, float cursorZ, int size) {
+    const int columns = terrain.heights.Columns();
+    const int rows = terrain.heights.Rows();
+    if (columns == 0 || rows == 0) return {};
+    const int cc = std::clamp(GridIndexUnder(cursorX, terrain.spacingX), 0, columns - 1);
+    const int cr = std::clamp(GridIndexUnder(cursorZ, terrain.spacingZ), 0, rows - 1);
+    // Columns: cc - s < col <= cc + s; rows: cr - s <= row < cr + s; bounds clamped into the grid.
+    const int lowColumn = std::clamp(cc - size, 0, columns - 1);
+    const int highColumn = std::clamp(cc + size, 0, columns - 1);
+    const int lowRow = std::clamp(cr - size, 0, rows - 1);
+    const int highRow = std::clamp(cr + size, 0, rows - 1);
+    return {lowColumn + 1, highColumn, lowRow, highRow - 1};
+}

@@ -1,0 +1,76 @@
+#pragma once
+// The free camera flown over the terrain, and the terrain cursor's position.
+//
+// Positions in world units (y up); angles in degrees. The view applies pitch and yaw as rotations by
+// 360 minus the angle, so a positive yaw turns left and a positive pitch looks up. Speeds are per
+// timer tick: the tick interval of the window's movement timers sets the real speed.
+
+#include "RenderMesh.h"
+
+#include <string>
+
+struct CameraState {
+    float x = 0.0f;
+    float y = 0.0f;
+    float z = 0.0f;
+    float pitch = 0.0f;
+    float yaw = 0.0f;
+    float roll = 0.0f; // only ever reset, never changed by the user
+};
+
+struct CursorState {
+    float x = 0.0f;
+    float y = 0.0f; // follows the terrain under (x, z) every frame
+    float z = 0.0f;
+};
+
+// The keys that steer the camera, as held at a timer tick.
+struct HeldKeys {
+    bool forward = false;   // W
+    bool backward = false;  // S
+    bool left = false;      // A
+    bool right = false;     // D
+    bool up = false;        // Page Up
+    bool down = false;      // Page Down
+    bool pitchUp = false;   // Up arrow: pitch grows (the shortcut list calls it "Look Down")
+    bool pitchDown = false; // Down arrow
+    bool yawLeft = false;   // Left arrow: yaw grows
+    bool yawRight = false;  // Right arrow
+    bool shift = false;     // faster
+    bool control = false;   // slower
+    bool extraFast = false; // B
+};
+
+// What the camera needs to know of the ground: the mesh (with its extra row and column, which
+// the ground rule may read) and the grid spacing. Null when there is no terrain.
+struct SceneGround {
+    const RenderMesh* mesh = nullptr;
+    float spacingX = 0.0f;
+    float spacingZ = 0.0f;
+};
+
+// Shift 5, else Control 0.1, else B 20, else 1 (units or degrees per tick).
+float MovementSpeed(const HeldKeys& keys);
+
+// One tick of keyboard flying: move, turn, clamp to the scene, keep above the ground.
+void KeyboardStep(CameraState& camera, const HeldKeys& keys, const SceneGround* ground, bool stayAbove);
+
+// Moves along the view direction by distance (negative: backwards), following the pitch.
+void MoveAlongView(CameraState& camera, float distance);
+
+// x and z in -512 .. 512 - spacingX (the x cell size for both axes), y in -10 .. 512.
+void ClampToScene(CameraState& camera, float spacingX);
+
+// Keeps the camera at least 5 units above the grid point under it, and never below 5.
+void ApplyGroundRule(CameraState& camera, const SceneGround& ground);
+
+// Back to the start: level, looking along -z from above the centre of the grid (or at height 10
+// with no terrain).
+void ResetCamera(CameraState& camera, const SceneGround* ground);
+
+// Puts the cursor 50 units ahead of the camera, clamped like the camera.
+void MoveCursorIntoView(CursorState& cursor, const CameraState& camera, float spacingX);
+
+// A position as the labels show it: at least three integer digits and two decimals ("003.14",
+// "-002.50").
+std::string FormatPositionLabel(float value);

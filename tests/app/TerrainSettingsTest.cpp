@@ -1,0 +1,214 @@
+// The terrain settings' logic headless: which size a confirm asks for, the structure question and
+// its three answers, texture paths, water on and off, and the "New" question.
+#include "TerrainSettings.h"
+#include "EditorTestFixture.h"
+
+#include <cmath>
+
+namespace {
+
+TerrainSettingsValues Fresh(TerrainStructure structure) {
+    TerrainSettingsValues values = SettingsFromTerrain(TerrainModel{});
+    values.structure = structure;
+    return values;
+}
+
+TerrainModel Sized(int columns, int rows) {
+    TerrainModel model;
+    model.columns = columns;
+    model.rows = rows;
+    return model;
+}
+
+bool AllHeightsAre(const HeightGrid& grid, float value) {
+    for (std::size_t i = 0; i < grid.Size(); ++i)
+        if (grid.Data()[i] != value) return false;
+    return !grid.Empty();
+}
+
+} // namespace
+
+TEST(TerrainSettingsLogic, EachStructureAsksForItsSizeAndCustomOnlyForAChosenUsableOne) {
+    struct Case {
+        TerrainStructure structure;
+        int columns, rows;
+        bool chosen;
+        TerrainModel model;
+        GridSize expected;
+    };
+    using S = TerrainStructure;
+    const Case cases[] = {
+        {S::Low, 0, 0, false, Sized(300, 300), {102, 102}},
+        {S::Normal, 50, 60, true, Sized(3, 3), {205, 205}},
+        {S::High, 0, 0, false, TerrainModel{}, {409, 409}},
+        {S::Custom, 150, 300, true, Sized(3, 3), {150, 300}},
+        {S::Custom, 150, 300, false, Sized(330, 120), {330, 120}}, // nothing chosen: the editor's size
+        {S::Custom, 150, 300, false, TerrainModel{}, {205, 205}},
+        {S::Custom, 0, 300, true, Sized(9, 9), {205, 205}},
+        {S::Custom, 1, 1, true, TerrainModel{}, {1, 1}},
+        {S::Custom, 900, 20, true, Sized(9, 9), {513, 20}},
+    };
+    for (const Case& c : cases) {
+        TerrainSettingsValues values = Fresh(c.structure);
+        values.customColumns = c.columns;
+        values.customRows = c.rows;
+        values.customSizeChosen = c.chosen;
+        EXPECT_EQ(RequestedTerrainSize(values, c.model), c.expected)
+            << static_cast<int>(c.structure) << " " << c.columns << " " << c.chosen;
+    }
+}
+
+TEST(TerrainSettingsLogic, TexturePathsMustBeFilledAndBelowTheProgramFolder) {
+    for (const char* good : {"teratextures\\GrassTerrain.jpg", "teratextures/sub/a.tga", "a.jpg"})
+        EXPECT_TRUE(IsTexturePathValid(good)) << good;
+    for (const char* bad : {"", "C:\\textures\\a.jpg", "c:/a.jpg", "D:a.jpg", "/usr/share/a.jpg", "\\a.jpg"})
+        EXPECT_FALSE(IsTexturePathValid(bad)) << bad;
+    EXPECT_EQ(StoredTexturePath("/OPT/land/teratextures/sub/b.tga", "/opt/Land"), "teratextures\\sub\\b.tga");
+    EXPECT_EQ(StoredTexturePath("/opt/Landmark/a.jpg", "/opt/Land/"), std::nullopt) << "a sibling folder";
+    EXPECT_EQ(StoredTexturePath("/home/a.jpg", "/opt/Land/"), std::nullopt);
+}
+
+TEST(TerrainSettingsLogic, EveryPresetFitsTheSlidersAndNamesAValidTexture) {
+    const auto within = [](int value, SliderRange range) {
+        return value >= range.minimum && value <= range.maximum;
+    };
+    for (const LandPreset& p : TerrainPresetTable::land)
+        EXPECT_TRUE(IsTexturePathValid(p.groundTexture) && within(p.groundRepeats, kGroundRepeatsRange) &&
+                    within(p.detailRepeats, kDetailRepeatsRange))
+            << p.caption;
+    for (const SeaPreset& p : TerrainPresetTable::sea)
+        EXPECT_TRUE(IsTexturePathValid(p.waterTexture) && within(p.waterRepeats, kWaterRepeatsRange) &&
+                    within(p.reflection, kReflectionRange))
+            << p.caption;
+}
+
+TEST(TerrainSettingsLogic, StoredTilingsShowRoundedToEvenAndHeldToTheSliders) {
+    TerrainModel model = Sized(330, 120);
+    model.terrainPresent = true;
+    model.groundTiling = 12.5f;
+    model.detailTiling = 9999.0f;
+    model.waterTiling = std::nanf(""); // from a damaged file
+    const TerrainSettingsValues shown = SettingsFromTerrain(model);
+    EXPECT_EQ(shown.groundRepeats, 12);
+    EXPECT_EQ(shown.detailRepeats, kDetailRepeatsRange.maximum);
+    EXPECT_EQ(shown.waterRepeats, kWaterRepeatsRange.minimum);
+    model.terrainPresent = false; // a removed terrain's leftovers are not offered
+    EXPECT_EQ(SettingsFromTerrain(model).structure, TerrainStructure::Normal);
+}
+
+TEST_F(EditorTest, ANewLowDetailGridWithWaterStandsAtOneWithItsSpacing) {
+    TerrainSettingsValues values = Fresh(TerrainStructure::Low);
+    ApplySeaPreset(values, 6);
+    values.groundTexture.clear();
+    values.detailTexture.clear();
+    EXPECT_EQ(editor.ApplyTerrainSettings(values), TerrainApplyResult::NewGrid);
+    const TerrainModel& t = editor.terrain;
+    EXPECT_TRUE(t.terrainPresent);
+    EXPECT_FALSE(t.terrainChanged);
+    EXPECT_EQ(GridSize(t.columns, t.rows), GridSize(102, 102));
+    EXPECT_FLOAT_EQ(t.spacingX, 1024.0f / 102.0f);
+    EXPECT_FLOAT_EQ(t.spacingZ, 1024.0f / 102.0f);
+    EXPECT_EQ(t.heights.Size(), 102u * 102u);
+    EXPECT_TRUE(AllHeightsAre(t.heights, 1.0f));
+    EXPECT_EQ(t.waterTexture, "teratextures\\BubblesWater.jpg");
+    EXPECT_FLOAT_EQ(t.waterTiling, 150.0f);
+    EXPECT_EQ(t.reflection, 240);
+    EXPECT_EQ(t.groundTexture, kDefaultGroundTexture) << "an empty ground path takes the default";
+    EXPECT_EQ(t.detailTexture, "") << "an empty detail path means no detail texture";
+    EXPECT_TRUE(shell.questions.empty()) << "no terrain was there to lose";
+    EXPECT_EQ(shell.textureReloads, 1);
+    EXPECT_GE(shell.renders, 1);
+    EXPECT_EQ(editor.Caption(), "CorvantaLandwright - [Terrain]");
+}
+
+TEST_F(EditorTest, ADifferentSizeAsksCancelChangesNothingYesMakesANewGridWithoutWater) {
+    GiveEditorTerrain(3, 42.0f);
+    editor.terrain.terrainChanged = true;
+    const TerrainModel before = editor.terrain;
+    shell.answers = {Answer::Cancel, Answer::Yes};
+    TerrainSettingsValues values = Fresh(TerrainStructure::Custom);
+    values.customColumns = 64;
+    values.customRows = 32;
+    values.customSizeChosen = true;
+    values.waterEnabled = false;
+    values.waterTexture = "C:\\water\\sea.jpg"; // ignored while the water is off
+
+    EXPECT_EQ(editor.ApplyTerrainSettings(values), TerrainApplyResult::Cancelled);
+    EXPECT_FALSE(DialogMayClose(TerrainApplyResult::Cancelled));
+    ASSERT_EQ(shell.questions.size(), 1u);
+    EXPECT_EQ(shell.questions[0].text, "Terrain structure specified is different than terrain in editor.\n"
+                                       "Clear the current terrain in the editor?");
+    EXPECT_EQ(shell.questions[0].title, "Warning!");
+    EXPECT_EQ(shell.questions[0].buttons, Buttons::YesNoCancel);
+    EXPECT_EQ(shell.questions[0].icon, MessageIcon::Question);
+    EXPECT_EQ(static_cast<const TerrainData&>(editor.terrain), static_cast<const TerrainData&>(before));
+    EXPECT_EQ(shell.textureReloads, 0);
+
+    EXPECT_EQ(editor.ApplyTerrainSettings(values), TerrainApplyResult::NewGrid);
+    EXPECT_EQ(GridSize(editor.terrain.columns, editor.terrain.rows), GridSize(64, 32));
+    EXPECT_FLOAT_EQ(editor.terrain.spacingZ, 32.0f);
+    EXPECT_TRUE(AllHeightsAre(editor.terrain.heights, 0.0f)) << "no water: the ground starts at 0";
+    EXPECT_FALSE(editor.terrain.terrainChanged);
+    EXPECT_TRUE(shell.messages.empty());
+    EXPECT_EQ(editor.terrain.waterTexture, "");
+    EXPECT_FLOAT_EQ(editor.terrain.waterTiling, 1.0f);
+    EXPECT_EQ(editor.terrain.reflection, 0);
+}
+
+TEST_F(EditorTest, NoKeepsTheGridAndItsHeightsButAppliesTexturesAndWater) {
+    GiveEditorTerrain(3, 42.0f);
+    shell.answers = {Answer::No};
+    TerrainSettingsValues values = Fresh(TerrainStructure::Low);
+    ApplyLandPreset(values, 4);
+    ApplySeaPreset(values, 3);
+    EXPECT_EQ(editor.ApplyTerrainSettings(values), TerrainApplyResult::SameGrid);
+    const TerrainModel& t = editor.terrain;
+    EXPECT_EQ(t.columns, 3);
+    EXPECT_TRUE(AllHeightsAre(t.heights, 42.0f));
+    EXPECT_EQ(t.groundTexture, "teratextures\\SnowTerrain.jpg");
+    EXPECT_FLOAT_EQ(t.groundTiling, 30.0f);
+    EXPECT_TRUE(t.waterEnabled);
+    EXPECT_EQ(t.waterTexture, "teratextures\\IceWater.jpg");
+    EXPECT_EQ(t.reflection, 255);
+    EXPECT_TRUE(t.terrainChanged) << "the kept terrain now looks different";
+
+    // The size in the editor asks nothing.
+    EXPECT_EQ(editor.ApplyTerrainSettings(SettingsFromTerrain(editor.terrain)), TerrainApplyResult::SameGrid);
+    EXPECT_EQ(shell.questions.size(), 1u);
+}
+
+TEST_F(EditorTest, AnAbsoluteTexturePathIsRefusedAndNothingIsApplied) {
+    GiveEditorTerrain(3, 42.0f);
+    const TerrainModel before = editor.terrain;
+    TerrainSettingsValues values = Fresh(TerrainStructure::Low);
+    values.groundTexture = "C:\\textures\\a.jpg";
+    values.detailTexture = "\\detail.jpg";
+    values.waterTexture = "/usr/share/water.jpg";
+    EXPECT_EQ(editor.ApplyTerrainSettings(values), TerrainApplyResult::InvalidTexture);
+    const ShownMessage& message = OnlyMessage();
+    EXPECT_EQ(message.title, "Invalid Texture");
+    EXPECT_EQ(message.text, "The Ground Texture is Invalid!\nThe Detail Texture is Invalid!\n"
+                            "The Water Texture is Invalid!\n\n"
+                            "Textures must be in the TeraTextures folder or a sub-folder of it.");
+    EXPECT_TRUE(shell.questions.empty()) << "the paths are checked before the structure question";
+    EXPECT_EQ(static_cast<const TerrainData&>(editor.terrain), static_cast<const TerrainData&>(before));
+}
+
+TEST_F(EditorTest, NewTerrainAsksOnlyWhenATerrainIsPresentAndOnlyYesRemovesIt) {
+    EXPECT_TRUE(editor.NewTerrain());
+    EXPECT_TRUE(shell.questions.empty());
+
+    GiveEditorTerrain();
+    shell.answers = {Answer::No, Answer::Yes};
+    EXPECT_FALSE(editor.NewTerrain());
+    EXPECT_TRUE(editor.terrain.terrainPresent);
+    EXPECT_TRUE(editor.NewTerrain());
+    EXPECT_FALSE(editor.terrain.terrainPresent);
+    ASSERT_EQ(shell.questions.size(), 2u);
+    EXPECT_EQ(shell.questions[0].text,
+              "Warning!  This will completely remove the current terrain structure!\n"
+              "Are you sure you wish to continue?");
+    EXPECT_EQ(shell.questions[0].title, "Warning!");
+    EXPECT_EQ(shell.questions[0].buttons, Buttons::YesNo);
+    EXPECT_EQ(shell.questions[0].icon, MessageIcon::Question);
+}

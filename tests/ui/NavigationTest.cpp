@@ -1,0 +1,119 @@
+// Flying and steering as the user does it: keys held in the view, the mode switch, mouse-look,
+// cursor drags and the position labels.
+#include "MainWindowFixture.h"
+
+#include "pbOpenGL.h"
+
+#include <QLabel>
+#include <QRadioButton>
+#include <QTest>
+#include <QTimer>
+
+#include <filesystem>
+
+namespace {
+
+QString Label(frmMain& window, const char* name) { return window.findChild<QLabel*>(name)->text(); }
+
+} // namespace
+
+TEST_F(MainWindowTest, HeldKeysFlyTheCameraUntilReleased) {
+    ASSERT_TRUE(window->Startup(QString::fromStdString(DemoTrack())));
+    Editor& editor = window->Session();
+    const CameraState start = editor.camera;
+    EXPECT_EQ(Label(*window, "lblCameraPos_1").toStdString(), FormatPositionLabel(start.y));
+    QTest::keyPress(window->view, Qt::Key_W);
+    EXPECT_TRUE(window->tmrKeyboard->isActive());
+    EXPECT_NEAR(editor.camera.z, start.z - 1.0f, 1e-4) << "a press moves one step at once";
+    WaitFor([&] { return editor.camera.z < start.z - 5.0f; }, 3000);
+    QTest::keyRelease(window->view, Qt::Key_W);
+    EXPECT_LT(editor.camera.z, start.z - 5.0f) << "holding W keeps flying forward";
+    EXPECT_TRUE(WaitFor([&] { return !window->tmrKeyboard->isActive(); }, 1000)) << "the timer stops with no key held";
+    const float stopped = editor.camera.z;
+    QTest::qWait(100);
+    EXPECT_EQ(editor.camera.z, stopped);
+    EXPECT_EQ(Label(*window, "lblCameraPos_2").toStdString(), FormatPositionLabel(stopped));
+}
+
+TEST_F(MainWindowTest, SpaceSwitchesTheModeAndEnterBringsTheCursorIntoView) {
+    ASSERT_TRUE(window->Startup(QString::fromStdString(DemoTrack())));
+    Editor& editor = window->Session();
+    EXPECT_TRUE(window->findChild<QRadioButton*>("optMode_0")->isChecked());
+    QTest::keyClick(window->view, Qt::Key_Space);
+    EXPECT_TRUE(window->TerrainMode());
+    EXPECT_TRUE(window->findChild<QRadioButton*>("optMode_1")->isChecked());
+    QTest::keyClick(window->view, Qt::Key_Space);
+    EXPECT_FALSE(window->TerrainMode()) << "once per press";
+    editor.camera.x = 100.0f;
+    editor.camera.z = 40.0f;
+    editor.camera.yaw = 0.0f;
+    QTest::keyClick(window->view, Qt::Key_Return);
+    EXPECT_NEAR(editor.cursor.x, 100.0f, 1e-4);
+    EXPECT_NEAR(editor.cursor.z, -10.0f, 1e-4);
+    EXPECT_EQ(Label(*window, "lblCursorPos_2").toStdString(), "-010.00");
+}
+
+TEST_F(MainWindowTest, TheGroundRuleHoldsWhileFlyingDown) {
+    ASSERT_TRUE(window->Startup(QString::fromStdString(DemoTrack())));
+    Editor& editor = window->Session();
+    editor.settings.stayAbove = true;
+    editor.camera.y = 6.0f;
+    for (int i = 0; i < 20; ++i) window->KeyboardTick(), QTest::keyPress(window->view, Qt::Key_PageDown);
+    QTest::keyRelease(window->view, Qt::Key_PageDown);
+    const std::optional<SceneGround> ground = editor.Ground();
+    ASSERT_TRUE(ground.has_value());
+    CameraState floor = editor.camera;
+    floor.y = -100.0f;
+    ApplyGroundRule(floor, *ground);
+    EXPECT_EQ(editor.camera.y, floor.y) << "the camera stops five units above the ground";
+}
+
+TEST_F(MainWindowTest, MouseLookTurnsTheCameraAndCursorDragsMoveTheCursor) {
+    ASSERT_TRUE(window->Startup(QString::fromStdString(DemoTrack())));
+    Editor& editor = window->Session();
+    window->ViewMousePress(Qt::LeftButton);
+    EXPECT_TRUE(window->MouseCaptured());
+    EXPECT_FALSE(window->tmrMouseMove->isActive()) << "the left button alone only looks";
+    window->ViewMouseDelta(40, -20);
+    EXPECT_FLOAT_EQ(editor.camera.yaw, -10.0f) << "right turns right";
+    EXPECT_FLOAT_EQ(editor.camera.pitch, 5.0f) << "up looks up";
+    window->ViewMouseRelease(Qt::NoButton);
+    EXPECT_FALSE(window->MouseCaptured());
+    window->ViewMouseRelease(Qt::NoButton);
+    EXPECT_FALSE(window->MouseCaptured()) << "a second release changes nothing";
+
+    window->ViewMousePress(Qt::RightButton);
+    EXPECT_TRUE(window->tmrMouseMove->isActive());
+    const CameraState before = editor.camera;
+    window->MouseMoveTick();
+    EXPECT_NE(editor.camera.x, before.x) << "the right button flies along the view";
+    window->ViewMouseRelease(Qt::NoButton);
+    EXPECT_FALSE(window->tmrMouseMove->isActive());
+
+    window->SetTerrainMode(true);
+    editor.camera.yaw = 0.0f;
+    editor.cursor = {0.0f, 0.0f, 0.0f};
+    window->ViewMousePress(Qt::LeftButton);
+    window->ViewMouseDelta(10, -20);
+    window->ViewMouseRelease(Qt::NoButton);
+    EXPECT_FLOAT_EQ(editor.cursor.x, 5.0f) << "right in the view is +x when facing -z";
+    EXPECT_FLOAT_EQ(editor.cursor.z, -10.0f) << "up in the view is away from the camera";
+    EXPECT_EQ(Label(*window, "lblCursorPos_0").toStdString(), "005.00");
+}
+
+TEST_F(MainWindowTest, EveryViewSwitchChangesThePicture) {
+    std::filesystem::create_directory_symlink(std::string(LW_BIN_DIR) + "/teratextures", home.File("teratextures"));
+    ASSERT_TRUE(window->Startup(QString::fromStdString(DemoTrack())));
+    window->Session().camera = {0.0f, 330.0f, 480.0f, -38.0f, 0.0f, 0.0f};
+    window->Session().settings.viewGuidelines = false;
+    window->UpdateUI();
+    auto frame = [&] { return window->view->grabFramebuffer(); };
+    for (const char* name : {"mnuViewTerrain", "mnuViewWater", "mnuViewTextures", "mnuViewTrack", "mnuViewSupports",
+                             "mnuViewGuidelines", "mnuViewTrees", "mnuClipTerrain"}) {
+        const QImage before = frame();
+        Action(name)->trigger();
+        EXPECT_NE(frame(), before) << name;
+        Action(name)->trigger();
+        EXPECT_EQ(frame(), before) << name << " back again";
+    }
+}

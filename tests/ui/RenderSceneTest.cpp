@@ -1,0 +1,176 @@
+// The 3D view drawn for real (Mesa under Xvfb): each test sets up a scene, grabs the frame and
+// looks at its pixels.
+#include "Editor.h"
+#include "SampleTrack.h"
+#include "ScriptedShell.h"
+#include "pbOpenGL.h"
+
+#include <QApplication>
+#include <QImage>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class RenderSceneTest : public ::testing::Test {
+protected:
+    ScriptedShell shell;
+    Editor editor{shell, LW_BIN_DIR};
+    pbOpenGL view;
+
+    void SetUp() override {
+        editor.InitPaths();
+        editor.settings.viewTextures = false;
+        editor.settings.noLights = true; // exact colours; lighting has a test of its own
+        editor.settings.sculptSize = 0;
+        view.SetEditor(&editor);
+        view.resize(320, 240); // the view's smallest size
+        view.show();
+        QApplication::processEvents();
+        ASSERT_TRUE(view.ContextReady());
+    }
+
+    // A flat terrain of side points at height, seen straight down from above its centre.
+    void FlatTerrain(int side, float height, bool water = false) {
+        editor.terrain.waterEnabled = water;
+        editor.terrain.groundTiling = editor.terrain.waterTiling = 10.0f;
+        NewTerrainGrid(editor.terrain, side, side);
+        editor.terrain.heights.Fill(height);
+        editor.mesh.Build(editor.terrain);
+        LookDownFrom(300.0f);
+    }
+
+    void LookDownFrom(float height) {
+        editor.camera = CameraState{};
+        editor.camera.y = height;
+        editor.camera.pitch = -90.0f;
+    }
+
+    QImage Frame() { return view.grabFramebuffer().convertToFormat(QImage::Format_RGB32); }
+
+    static QColor Rgb(const RgbColour& c) {
+        return QColor::fromRgbF(static_cast<float>(c.r), static_cast<float>(c.g), static_cast<float>(c.b));
+    }
+};
+
+bool Near(const QColor& a, const QColor& b, int tolerance = 3) {
+    return std::abs(a.red() - b.red()) <= tolerance && std::abs(a.green() - b.green()) <= tolerance &&
+           std::abs(a.blue() - b.blue()) <= tolerance;
+}
+
+int CountNear(const QImage& image, const QColor& colour, int tolerance = 3) {
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) count += Near(image.pixelColor(x, y), colour, tolerance) ? 1 : 0;
+    return count;
+}
+
+} // namespace
+
+TEST_F(RenderSceneTest, AnEmptySceneIsBlack) {
+    const QImage frame = Frame();
+    EXPECT_EQ(CountNear(frame, Qt::black, 0), frame.width() * frame.height());
+}
+
+TEST_F(RenderSceneTest, UntexturedTerrainShowsItsColourAndTheBrushSitsUnderTheCursor) {
+    FlatTerrain(101, 0.0f);
+    editor.cursor = {200.0f, 0.0f, 200.0f}; // away from the middle of the picture
+    QImage frame = Frame();
+    const QColor terrain = Rgb(editor.settings.colorTable[9]);
+    EXPECT_TRUE(Near(frame.pixelColor(160, 120), terrain)) << frame.pixelColor(160, 120).name().toStdString();
+    EXPECT_EQ(CountNear(frame, Rgb(editor.settings.colorTable[7])), 0);
+    editor.cursor = {5.0f, 0.0f, 5.0f};
+    editor.settings.sculptSize = 3;
+    editor.settings.colorTable[8] = {0.0f, 0.0f, 0.0f}; // keep the marker out of the picture's colours
+    frame = Frame();
+    const int brush = CountNear(frame, Rgb(editor.settings.colorTable[7]));
+    EXPECT_GT(brush, 100) << "six by six highlighted cells";
+    // The highlight lies around the middle of the picture, where the cursor is.
+    int sumX = 0, sumY = 0, n = 0;
+    for (int y = 0; y < frame.height(); ++y)
+        for (int x = 0; x < frame.width(); ++x)
+            if (Near(frame.pixelColor(x, y), Rgb(editor.settings.colorTable[7]))) sumX += x, sumY += y, ++n;
+    ASSERT_GT(n, 0);
+    EXPECT_NEAR(static_cast<double>(sumX) / n, 160.0 + 14.0, 12.0) << "a little right of the centre";
+    EXPECT_NEAR(static_cast<double>(sumY) / n, 120.0 + 14.0, 12.0) << "and a little towards +z, down in the picture";
+}
+
+TEST_F(RenderSceneTest, WaterBlendsWithTheGroundBelowIt) {
+    FlatTerrain(51, -5.0f, true);
+    editor.settings.useWaterTrans = true;
+    editor.settings.waterTrans = 0.5f;
+    const RgbColour ground = editor.settings.colorTable[9];
+    const RgbColour water = editor.settings.colorTable[10];
+    const QColor blended = QColor::fromRgbF((ground.r + water.r) / 2, (ground.g + water.g) / 2, (ground.b + water.b) / 2);
+    EXPECT_TRUE(Near(Frame().pixelColor(90, 170), blended, 4)) << Frame().pixelColor(90, 170).name().toStdString();
+    editor.settings.useWaterTrans = false;
+    EXPECT_TRUE(Near(Frame().pixelColor(90, 170), Rgb(water)));
+    editor.settings.viewWater = false;
+    EXPECT_TRUE(Near(Frame().pixelColor(90, 170), Rgb(ground)));
+    // Ground above the water shows no water at all.
+    editor.settings.viewWater = true;
+    editor.terrain.heights.Fill(2.0f);
+    editor.mesh.Build(editor.terrain);
+    EXPECT_TRUE(Near(Frame().pixelColor(90, 170), Rgb(ground)));
+}
+
+TEST_F(RenderSceneTest, TheTrackShowsEachSegmentTypeInItsColour) {
+    // Five stretches along x, one of each type, seen from above.
+    TrackDocument doc = MakeSampleTrack();
+    doc.bezier.vertices.clear();
+    for (int i = 0; i <= 5; ++i) {
+        BezierVertex v;
+        const float x = -100.0f + 40.0f * static_cast<float>(i);
+        v.values = {x, 10.0f, 0.0f, x - 13.0f, 10.0f, 0.0f, x + 13.0f, 10.0f, 0.0f, 0.0f};
+        doc.bezier.vertices.push_back(v);
+    }
+    doc.segments.segments.resize(5);
+    for (int i = 0; i < 5; ++i) doc.segments.segments[static_cast<std::size_t>(i)].type = i;
+    doc.track.trackStyle = 1;
+    editor.track = doc;
+    ASSERT_TRUE(TraceTrack(editor.track, editor.spine));
+    editor.terrain.trackPresent = true;
+    editor.settings.viewSupports = editor.settings.viewTrees = false;
+    LookDownFrom(160.0f);
+    const QImage frame = Frame();
+    for (int type = 0; type < 5; ++type)
+        EXPECT_GT(CountNear(frame, Rgb(editor.settings.colorTable[static_cast<std::size_t>(type)]), 8), 5) << type;
+    editor.settings.viewTrack = false;
+    EXPECT_EQ(CountNear(Frame(), Rgb(editor.settings.colorTable[2]), 8), 0);
+}
+
+TEST_F(RenderSceneTest, LightingShadesSlopesAndNoLightsTurnsItOff) {
+    FlatTerrain(65, 0.0f);
+    for (int row = 0; row < 65; ++row)
+        for (int column = 0; column < 65; ++column)
+            editor.terrain.heights.At(row, column) = column < 32 ? static_cast<float>(column) * 6.0f : static_cast<float>(64 - column) * 6.0f;
+    editor.mesh.Build(editor.terrain);
+    editor.cursor = {400.0f, 0.0f, 400.0f};
+    const QImage unlit = Frame();
+    EXPECT_TRUE(Near(unlit.pixelColor(80, 120), unlit.pixelColor(240, 120))) << "without light both slopes look alike";
+    editor.settings.noLights = false;
+    const QImage lit = Frame();
+    EXPECT_LT(lit.pixelColor(80, 120).green() + 20, lit.pixelColor(240, 120).green())
+        << "the slope facing the light is brighter than the one facing away";
+    EXPECT_NE(lit, unlit);
+}
+
+TEST_F(RenderSceneTest, SendingOnlyTheVisibleBlocksLeavesThePictureUnchanged) {
+    editor.settings.viewTextures = true;
+    editor.settings.noLights = false;
+    editor.OpenTrack(std::string(LW_BIN_DIR) + "/tracks/Demo.cvtrack");
+    ASSERT_TRUE(editor.terrain.terrainPresent);
+    const CameraState poses[] = {editor.camera,                        // the start position
+                                 {0.0f, 330.0f, 480.0f, -38.0f, 0.0f, 0.0f}, // a high overview
+                                 {-300.0f, 40.0f, 100.0f, -10.0f, 135.0f, 0.0f}};
+    for (const CameraState& pose : poses) {
+        editor.camera = pose;
+        view.Options().cullBlocks = false;
+        const QImage whole = Frame();
+        view.Options().cullBlocks = true;
+        const QImage culled = Frame();
+        EXPECT_EQ(whole, culled) << "camera at " << pose.x << "," << pose.y << "," << pose.z;
+        EXPECT_GT(CountNear(whole, Qt::black, 0), 0);
+        EXPECT_LT(CountNear(whole, Qt::black, 0), whole.width() * whole.height() / 2) << "the terrain fills the view";
+    }
+}

@@ -1,0 +1,57 @@
+// make-textures FOLDER: paints every terrain, detail and water texture of textures/TextureList.h
+// and saves each as a JPEG file in FOLDER. The output depends on nothing but this program.
+#include "Recipes.h"
+#include "TextureList.h"
+
+#include <QDir>
+#include <QImage>
+#include <QString>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <string>
+
+namespace {
+
+int ToByte(float value) {
+    return static_cast<int>(std::lrint(std::clamp(value, 0.0f, 1.0f) * 255.0f));
+}
+
+QImage ToImage(const Canvas& canvas) {
+    QImage image(canvas.Size(), canvas.Size(), QImage::Format_RGB888);
+    for (int y = 0; y < canvas.Size(); ++y) {
+        uchar* line = image.scanLine(y);
+        for (int x = 0; x < canvas.Size(); ++x) {
+            const Rgb& c = canvas.At(x, y);
+            line[3 * x] = static_cast<uchar>(ToByte(c.r));
+            line[3 * x + 1] = static_cast<uchar>(ToByte(c.g));
+            line[3 * x + 2] = static_cast<uchar>(ToByte(c.b));
+        }
+    }
+    return image;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: make-textures FOLDER\n");
+        return 2;
+    }
+    const QString folder = QString::fromLocal8Bit(argv[1]);
+    if (!QDir().mkpath(folder)) {
+        std::fprintf(stderr, "make-textures: cannot create %s\n", argv[1]);
+        return 1;
+    }
+    for (const TextureEntry& entry : kTextures) {
+        const QString path = QDir(folder).filePath(
+            QString::fromLatin1(entry.fileName.data(), static_cast<int>(entry.fileName.size())));
+        const QImage image = ToImage(PaintTexture(entry.recipe, entry.size));
+        if (!image.save(path, "JPG", 90)) {
+            std::fprintf(stderr, "make-textures: cannot write %s\n", qPrintable(path));
+            return 1;
+        }
+    }
+    return 0;
+}
