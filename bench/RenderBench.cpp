@@ -8,7 +8,6 @@
 #include "pbOpenGL.h"
 
 #include <QApplication>
-#include <QSurfaceFormat>
 
 #include <GL/gl.h>
 #include <benchmark/benchmark.h>
@@ -97,11 +96,7 @@ BENCHMARK(Frame)
 BENCHMARK(RebuildMesh)->Arg(205)->Arg(409)->Arg(513)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 int main(int argc, char** argv) {
-    QSurfaceFormat format;
-    format.setVersion(2, 1);
-    format.setProfile(QSurfaceFormat::CompatibilityProfile);
-    format.setDepthBufferSize(24);
-    QSurfaceFormat::setDefaultFormat(format);
+    SetDefaultViewFormat();
     QApplication app(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();

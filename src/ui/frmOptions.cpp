@@ -1,3 +1,4 @@
+#include "DialogButtons.h"
 #include "frmOptions.h"
 
 #include "Editor.h"
@@ -69,17 +70,9 @@ frmOptions::frmOptions(Editor& editor, QWidget* parent) : QDialog(parent), edito
     pages_->addWidget(BuildPreferencesTab());
     pages_->addWidget(BuildColorsTab());
 
-    btnOkay = new QPushButton("OK", this);
-    btnOkay->setObjectName("btnOkay");
-    btnOkay->setDefault(true);
-    btnCancel = new QPushButton("Cancel", this);
-    btnCancel->setObjectName("btnCancel");
+    QHBoxLayout* buttons = OkCancelRow(this, btnOkay, btnCancel);
     connect(btnOkay, &QPushButton::clicked, this, &frmOptions::btnOkay_Click);
     connect(btnCancel, &QPushButton::clicked, this, &QDialog::reject);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(btnOkay);
-    buttons->addWidget(btnCancel);
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(BuildTabRow());

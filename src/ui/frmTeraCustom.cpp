@@ -1,3 +1,4 @@
+#include "DialogButtons.h"
 #include "frmTeraCustom.h"
 
 #include "TerrainSettings.h"
@@ -33,17 +34,9 @@ frmTeraCustom::frmTeraCustom(int columns, int rows, QWidget* parent) : QDialog(p
     setObjectName("frmTeraCustom");
     setWindowTitle("Custom Terrain Detail...");
 
-    btnOkay = new QPushButton("OK", this);
-    btnOkay->setObjectName("btnOkay");
-    btnOkay->setDefault(true);
-    btnCancel = new QPushButton("Cancel", this);
-    btnCancel->setObjectName("btnCancel");
+    QHBoxLayout* buttons = OkCancelRow(this, btnOkay, btnCancel);
     connect(btnOkay, &QPushButton::clicked, this, &QDialog::accept);
     connect(btnCancel, &QPushButton::clicked, this, &QDialog::reject);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(btnOkay);
-    buttons->addWidget(btnCancel);
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(BuildSizeFrame());

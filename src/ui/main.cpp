@@ -6,24 +6,14 @@
 // main window as PNG to FILE and exits with status 0. --camera places the camera after start-up
 // (world units and degrees), for pictures of a chosen view.
 #include "frmMain.h"
+#include "pbOpenGL.h"
 
 #include <QApplication>
-#include <QSurfaceFormat>
 #include <QTimer>
 
 #include <cstdio>
 
 namespace {
-
-void UseCompatibilityContext() {
-    QSurfaceFormat format;
-    format.setRenderableType(QSurfaceFormat::OpenGL);
-    format.setVersion(2, 1);
-    format.setProfile(QSurfaceFormat::CompatibilityProfile);
-    format.setDepthBufferSize(24);
-    format.setSwapBehavior(QSurfaceFormat::DoubleBuffer);
-    QSurfaceFormat::setDefaultFormat(format);
-}
 
 struct CommandLine {
     QString track;      // the remaining arguments, joined as one command-line text
@@ -46,7 +36,7 @@ CommandLine ParseCommandLine(const QStringList& arguments) {
 } // namespace
 
 int main(int argc, char** argv) {
-    UseCompatibilityContext();
+    SetDefaultViewFormat();
     QApplication app(argc, argv);
     QApplication::setApplicationName("CorvantaLandwright");
     const CommandLine line = ParseCommandLine(QApplication::arguments());

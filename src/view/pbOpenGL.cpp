@@ -3,8 +3,19 @@
 #include "Editor.h"
 
 #include <QOpenGLContext>
+#include <QSurfaceFormat>
 
 #include <GL/gl.h>
+
+void SetDefaultViewFormat() {
+    QSurfaceFormat format;
+    format.setRenderableType(QSurfaceFormat::OpenGL);
+    format.setVersion(2, 1);
+    format.setProfile(QSurfaceFormat::CompatibilityProfile);
+    format.setDepthBufferSize(24);
+    format.setSwapBehavior(QSurfaceFormat::DoubleBuffer);
+    QSurfaceFormat::setDefaultFormat(format);
+}
 
 pbOpenGL::pbOpenGL(QWidget* parent) : QOpenGLWidget(parent) {
     setObjectName("pbOpenGL");

@@ -8,6 +8,10 @@
 
 class Editor;
 
+// Asks for the context the view needs (OpenGL 2.1 compatibility profile, depth buffer, double
+// buffering) for every widget made afterwards. Call before the QApplication is made.
+void SetDefaultViewFormat();
+
 class pbOpenGL : public QOpenGLWidget {
     Q_OBJECT
 public:

@@ -1,7 +1,8 @@
 // Test main for widget tests: a QApplication around GoogleTest. Listing the tests needs no
 // display, so the application is made only when tests run.
+#include "pbOpenGL.h"
+
 #include <QApplication>
-#include <QSurfaceFormat>
 
 #include <gtest/gtest.h>
 
@@ -12,11 +13,7 @@ int main(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) listing = listing || std::strcmp(argv[i], "--gtest_list_tests") == 0;
     ::testing::InitGoogleTest(&argc, argv);
     if (listing) return RUN_ALL_TESTS();
-    QSurfaceFormat format;
-    format.setVersion(2, 1);
-    format.setProfile(QSurfaceFormat::CompatibilityProfile);
-    format.setDepthBufferSize(24);
-    QSurfaceFormat::setDefaultFormat(format);
+    SetDefaultViewFormat();
     QApplication app(argc, argv);
     return RUN_ALL_TESTS();
 }
