@@ -18,7 +18,9 @@ std::string WithTrailingSlash(std::string folder) {
 
 } // namespace
 
-std::string DerivedTrackFolder(const std::string& path) { return path.substr(0, FileNameOf(path).size()); }
+std::string DerivedTrackFolder(const std::string& path) {
+    return path.substr(0, FileNameOf(path).size());
+}
 
 Editor::Editor(Shell& shellRef, std::string programFolder)
     : shell(shellRef), programFolder_(WithTrailingSlash(std::move(programFolder))) {}
@@ -28,7 +30,13 @@ void Editor::InitPaths() {
     settings.colorTable = DefaultColourTable();
 }
 
-void Editor::LoadSettings() { ::LoadSettings(SettingsPath(), settings); }
+void Editor::LoadSettings() {
+    ::LoadSettings(SettingsPath(), settings);
+    // A hand-edited file may hold sculpt settings out of range.
+    SetSculptTool(settings.sculptTool);
+    SetSculptMode(settings.sculptMode);
+    SetSculptSize(settings.sculptSize);
+}
 
 bool Editor::SaveSettings() {
     std::string error;
@@ -76,9 +84,13 @@ void Editor::OpenTrack(const std::string& requested) {
 }
 
 void Editor::DecideTerrainOnOpen(bool hadTerrain) {
+    // Undo steps belong to the terrain they were taken of: they go when another terrain replaces it.
     const bool trackHasTerrain = track.terrain.terrainInTrack;
     if (!hadTerrain) {
-        if (trackHasTerrain) CopyTerrainFromTrack();
+        if (trackHasTerrain) {
+            CopyTerrainFromTrack();
+            undo.Reset();
+        }
         return;
     }
     if (trackHasTerrain) {
@@ -88,7 +100,10 @@ void Editor::DecideTerrainOnOpen(bool hadTerrain) {
             if (result.dontAskAgain) settings.askLoadTrackTerrain = result.button + 1;
             answer = result.button + 1;
         }
-        if (answer == 1) CopyTerrainFromTrack();
+        if (answer == 1) {
+            CopyTerrainFromTrack();
+            undo.Reset();
+        }
         return;
     }
     int answer = settings.askLoadNoTerrain;
@@ -97,7 +112,10 @@ void Editor::DecideTerrainOnOpen(bool hadTerrain) {
         if (result.dontAskAgain) settings.askLoadNoTerrain = result.button + 1;
         answer = result.button + 1;
     }
-    if (answer == 1) ClearTerrain(terrain);
+    if (answer == 1) {
+        ClearTerrain(terrain);
+        undo.Reset();
+    }
 }
 
 std::optional<SceneGround> Editor::Ground() const {
@@ -115,14 +133,17 @@ void Editor::UpdateCursorHeight() {
         cursor.y = 0.0f;
         return;
     }
-    const int column = std::clamp(GridIndexUnder(cursor.x, terrain.spacingX), 0, terrain.heights.Columns() - 1);
+    const int column =
+        std::clamp(GridIndexUnder(cursor.x, terrain.spacingX), 0, terrain.heights.Columns() - 1);
     const int row = std::clamp(GridIndexUnder(cursor.z, terrain.spacingZ), 0, terrain.heights.Rows() - 1);
     cursor.y = terrain.heights.At(row, column);
 }
 
 void Editor::AfterTerrainReplaced(bool resetCamera) {
-    if (terrain.terrainPresent) mesh.Build(terrain);
-    else mesh.Clear();
+    if (terrain.terrainPresent)
+        mesh.Build(terrain);
+    else
+        mesh.Clear();
     if (resetCamera) ResetView();
     shell.ReloadTextures();
     shell.RenderScene();
@@ -134,7 +155,8 @@ bool Editor::SaveTrack(const std::string& path) {
     CopyTerrainToTrack(false);
     const TrackWriteResult result = WriteTrackFile(path, track);
     if (!result) {
-        shell.ShowMessage("Error - Could not save the track file.\n" + result.message, "Error", MessageIcon::Critical);
+        shell.ShowMessage("Error - Could not save the track file.\n" + result.message, "Error",
+                          MessageIcon::Critical);
         shell.UpdateUI();
         return false;
     }
@@ -212,15 +234,17 @@ void Editor::CopyTerrainToTrack(bool force) {
 
 std::string Editor::Caption() const {
     std::string caption = kProgramName;
-    if (terrain.trackPresent) caption += " - " + TrackTitle(terrain.trackFilePath);
-    else if (terrain.terrainPresent) caption += " - [Terrain]";
+    if (terrain.trackPresent)
+        caption += " - " + TrackTitle(terrain.trackFilePath);
+    else if (terrain.terrainPresent)
+        caption += " - [Terrain]";
     return caption;
 }
 
 bool Editor::ConfirmClose() {
     if (!terrain.terrainChanged) return true;
-    return shell.Ask("There are unsaved changes to the terrain.\nAre you sure you wish to exit?", "Are you sure?",
-                     Buttons::YesNo, MessageIcon::Question, Answer::No) == Answer::Yes;
+    return shell.Ask("There are unsaved changes to the terrain.\nAre you sure you wish to exit?",
+                     "Are you sure?", Buttons::YesNo, MessageIcon::Question, Answer::No) == Answer::Yes;
 }
 
 void Editor::RideTrack() {
@@ -228,8 +252,9 @@ void Editor::RideTrack() {
     const std::string simulator = SimulatorPath();
     std::error_code ec;
     const auto status = std::filesystem::status(simulator, ec);
-    const bool runnable = !ec && std::filesystem::is_regular_file(status) &&
-                          (status.permissions() & std::filesystem::perms::owner_exec) != std::filesystem::perms::none;
+    const bool runnable =
+        !ec && std::filesystem::is_regular_file(status) &&
+        (status.permissions() & std::filesystem::perms::owner_exec) != std::filesystem::perms::none;
     if (!runnable) {
         shell.ShowMessage("Warning - Corvanta Simulator not found.\n"
                           "Corvanta Landwright must be in the same folder as Corvanta Simulator",
@@ -241,14 +266,18 @@ void Editor::RideTrack() {
         shell.ShowMessage("Error - Could not start Corvanta Simulator.", "Error", MessageIcon::Critical);
 }
 
-void Editor::OpenHelpIndex() { shell.OpenWithDesktop(HelpIndexPath()); }
+void Editor::OpenHelpIndex() {
+    shell.OpenWithDesktop(HelpIndexPath());
+}
 
 void Editor::DeleteTerrain() {
     if (!terrain.terrainPresent) return;
-    if (shell.Ask("Warning!  This will completely remove the terrain structure!\nAre you sure you wish to continue?",
+    if (shell.Ask("Warning!  This will completely remove the terrain structure!\nAre you sure you wish to "
+                  "continue?",
                   "Warning!", Buttons::YesNo, MessageIcon::Question, Answer::No) != Answer::Yes)
         return;
     ClearTerrain(terrain);
+    undo.Reset();
     // An open track would lose its terrain when saved: that is a change worth asking about at exit.
     terrain.terrainChanged = terrain.trackPresent;
     AfterTerrainReplaced();
@@ -256,9 +285,10 @@ void Editor::DeleteTerrain() {
 
 void Editor::RemoveTrackData() {
     if (!terrain.trackPresent) return;
-    if (shell.Ask("Warning!  This will completely remove the track structure from the scene (including tress)!\n"
-                  "Are you sure you wish to continue?",
-                  "Warning!", Buttons::YesNo, MessageIcon::Question, Answer::No) != Answer::Yes)
+    if (shell.Ask(
+            "Warning!  This will completely remove the track structure from the scene (including tress)!\n"
+            "Are you sure you wish to continue?",
+            "Warning!", Buttons::YesNo, MessageIcon::Question, Answer::No) != Answer::Yes)
         return;
     terrain.trackPresent = false;
     spine.Clear();

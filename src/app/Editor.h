@@ -3,14 +3,19 @@
 // menus, keys and command line call. Talks to the user only through its Shell.
 
 #include "AppSettings.h"
+#include "AreaClipboard.h"
+#include "GridRect.h"
 #include "RenderMesh.h"
-#include "mCamera.h"
 #include "Shell.h"
+#include "TerrainFilter.h"
 #include "TerrainModel.h"
 #include "TrackDocument.h"
+#include "UndoHistory.h"
 #include "Version.h"
 #include "mCV_TraceTrack.h"
+#include "mCamera.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -20,6 +25,9 @@ enum class TerrainApplyResult;
 inline constexpr const char* kSettingsFileName = "CorvantaLandwright.ini";
 inline constexpr const char* kSimulatorFileName = "CorvantaSimulator.exe";
 inline constexpr const char* kHelpIndexPath = "help/landwright/index.htm";
+// The largest brush radius the slider offers (a 65 x 65 point area).
+inline constexpr int kMaxSculptRadius = 32;
+
 inline constexpr const char* kTrackFilter = "Corvanta Track Files (*.cvtrack)|*.cvtrack";
 
 class Editor {
@@ -38,6 +46,9 @@ public:
     CursorState cursor;
     // The traced track: rebuilt when a track is opened, emptied when the track data is removed.
     TrackSpine spine;
+    // Snapshots of the heights before each edit, and the program's own copy of an area's heights.
+    UndoHistory undo;
+    AreaClipboard areaClipboard;
 
     const std::string& ProgramFolder() const { return programFolder_; }
     std::string SettingsPath() const { return programFolder_ + kSettingsFileName; }
@@ -87,6 +98,49 @@ public:
     void ResetView();
     // The cursor takes the height of the grid point under it (0 without terrain).
     void UpdateCursorHeight();
+
+    // Editing (EditCommands.cpp). Each command acts only when it is enabled, and changes the heights
+    // through RunEdit: one undo step, the change, the view's mesh refreshed where it changed, the
+    // terrain marked changed, a redraw and a window refresh.
+    bool CanEditTerrain() const { return terrain.terrainPresent && !terrain.heights.Empty(); }
+    bool CanPaste() const { return CanEditTerrain() && areaClipboard.HasTerrainClipboard(); }
+    bool CanUndo() const { return CanEditTerrain() && undo.CanUndo(); }
+    bool CanRedo() const { return CanEditTerrain() && undo.CanRedo(); }
+    // Runs change as one edit; false (and nothing pushed) when there is no terrain to edit.
+    bool RunEdit(const std::function<GridRect()>& change);
+    // Stores the heights as the newest undo step and marks the terrain changed.
+    void PushUndo();
+    // Empties both undo stacks; the terrain counts as unchanged.
+    void ResetUndoHistory();
+    void Undo();
+    void Redo();
+
+    // A sculpt stroke: the press stores one undo step, each vertical mouse move of dy pixels
+    // (positive downwards) raises or lowers the area under the cursor by -dy / 10 units.
+    void BeginStroke();
+    void StrokeMove(int dy);
+    // Brings the view's mesh in line with heights changed inside `changed`: those points, the face
+    // normals and block bounds around them, or the whole mesh when the whole grid changed.
+    void RefreshMesh(const GridRect& changed);
+
+    void FlipArea();
+    void MirrorArea();
+    void InvertArea();
+    void FlattenToGround();
+    void FlattenToWater();
+    void FlattenArea();
+    void CopyArea();
+    void PasteArea();
+    // Asks first; only Yes flattens the whole terrain.
+    void ResetTerrain();
+    // mode: 0 raise by amount, 1 lower by amount, 2 set to amount.
+    void AdjustHeights(float amount, int mode);
+    void FilterTerrain(const FilterMatrix& matrix, bool onlyInArea);
+
+    // The sculpt settings, kept in range. A size above Gigantic is the custom radius.
+    void SetSculptTool(int tool);
+    void SetSculptMode(int mode);
+    void SetSculptSize(int radius);
 
 private:
     void DecideTerrainOnOpen(bool hadTerrain);

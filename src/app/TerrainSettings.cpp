@@ -199,6 +199,7 @@ bool Editor::NewTerrain() {
                   "Warning!", Buttons::YesNo, MessageIcon::Question, Answer::No) != Answer::Yes)
         return false;
     terrain.terrainPresent = false;
+    undo.Reset();
     // As with deleting: an open track would lose its terrain when saved.
     terrain.terrainChanged = terrain.trackPresent;
     AfterTerrainReplaced();
@@ -219,7 +220,10 @@ TerrainApplyResult Editor::ApplyTerrainSettings(const TerrainSettingsValues& val
     }
     const auto before = Appearance(terrain);
     StoreTexturesAndWater(terrain, values);
-    if (newGrid) StartNewGrid(*this, size);
+    if (newGrid) {
+        StartNewGrid(*this, size);
+        undo.Reset();
+    }
     terrain.terrainPresent = true;
     if (terrain.groundTexture.empty()) terrain.groundTexture = kDefaultGroundTexture;
     // Without water the path stays empty: the terrain record then carries no water texture.

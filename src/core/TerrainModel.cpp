@@ -1,6 +1,7 @@
 #include "TerrainModel.h"
 
 #include <algorithm>
+#include <cmath>
 
 void HeightGrid::Resize(int columns, int rows, float value) {
     columns_ = std::max(columns, 0);
@@ -8,7 +9,9 @@ void HeightGrid::Resize(int columns, int rows, float value) {
     values_.assign(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_), value);
 }
 
-void HeightGrid::Fill(float value) { std::fill(values_.begin(), values_.end(), value); }
+void HeightGrid::Fill(float value) {
+    std::fill(values_.begin(), values_.end(), value);
+}
 
 float TerrainModel::PointX(int column) const {
     return static_cast<float>(static_cast<double>(spacingX) *
@@ -58,4 +61,12 @@ void NewTerrainGrid(TerrainModel& model, int columns, int rows) {
     }
     model.terrainChanged = false;
     model.terrainPresent = true;
+}
+
+int GridIndexUnder(float position, float spacing) {
+    const double snapped = std::nearbyint(static_cast<double>(position) + 512.0);
+    const double index = std::nearbyint(snapped / static_cast<double>(spacing));
+    // A damaged spacing gives a point far outside the grid rather than an undefined conversion.
+    if (!std::isfinite(index) || std::abs(index) > 1e6) return index < 0 ? -1000000 : 1000000;
+    return static_cast<int>(index);
 }

@@ -78,7 +78,7 @@ struct TerrainData {
     std::string waterTexture;
     float waterTiling = 0.0f;
     std::uint8_t reflection = 0; // strength of the water reflection, 0..255
-    HeightGrid heights;           // rows x columns
+    HeightGrid heights;          // rows x columns
 
     bool operator==(const TerrainData&) const = default;
 };
@@ -96,6 +96,10 @@ struct TerrainModel : TerrainData {
     float PointZ(int row) const;
 };
 
+// The grid point under a world position along one axis: round(round(p + 512) / spacing), with
+// ties to even, not clamped.
+int GridIndexUnder(float position, float spacing);
+
 // Empties the terrain: no terrain present, sizes, spacings, tilings and reflection zero, paths and
 // heights empty. The scene flags other than terrainPresent are left alone.
 void ClearTerrain(TerrainModel& model);
@@ -107,5 +111,6 @@ void ApplyTerrainDefaults(TerrainData& terrain);
 
 // Creates a fresh grid of columns x rows for a new structure: spacings 1024 / count, every height
 // 1.0 with water and 0.0 without; without water the water texture is emptied, its tiling becomes
-// 1.0 and the reflection 0. Marks the terrain present and clears terrainChanged. Resetting the undo history is the caller's part.
+// 1.0 and the reflection 0. Marks the terrain present and clears terrainChanged. Resetting the undo history
+// is the caller's part.
 void NewTerrainGrid(TerrainModel& model, int columns, int rows);

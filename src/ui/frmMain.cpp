@@ -20,7 +20,8 @@ QString ProgramFolder() {
 }
 
 frmMain::frmMain(const QString& programFolder, QWidget* parent)
-    : QMainWindow(parent), editor_(*this, ToFileText(programFolder)), widgets_(this), interaction_(&widgets_) {
+    : QMainWindow(parent), editor_(*this, ToFileText(programFolder)), widgets_(this),
+      interaction_(&widgets_) {
     setObjectName("frmMain");
     InstallQtPictureDecoder();
     view = new pbOpenGL(this);
@@ -28,6 +29,8 @@ frmMain::frmMain(const QString& programFolder, QWidget* parent)
     setCentralWidget(view);
     BuildMenus();
     BuildNavigationBar();
+    BuildSculptBar();
+    SyncSculptControls();
     resize(1024, 768);
     setWindowTitle(FromFileText(editor_.Caption()));
 }
@@ -50,13 +53,15 @@ bool frmMain::Startup(const QString& commandLine) {
     editor_.InitPaths();
     editor_.LoadSettings();
     SyncViewSwitches();
+    SyncSculptControls();
     QApplication::processEvents();
 
     SetSplashStatus("Initializing OpenGL...");
     if (!isVisible()) show();
     QApplication::processEvents();
     if (!view->ContextReady()) {
-        ShowMessage("Error - Could Not Initialize OpenGL Render Context!", "OpenGL Error", MessageIcon::Critical);
+        ShowMessage("Error - Could Not Initialize OpenGL Render Context!", "OpenGL Error",
+                    MessageIcon::Critical);
         return false;
     }
     ready_ = true;
@@ -71,6 +76,8 @@ bool frmMain::Startup(const QString& commandLine) {
         SetSplashStatus("Opening Track...");
         editor_.OpenTrack(ToFileText(path));
     }
+    editor_.ResetUndoHistory();
+    UpdateUI();
     SetSplashStatus("Ready.");
     if (splash_) splash_->CloseMe();
     return true;
@@ -103,7 +110,9 @@ std::optional<std::string> frmMain::ShowSaveDialog(const FileDialogOptions& opti
     return interaction_->ShowSaveDialog(options);
 }
 
-AskResult frmMain::AskDialog(AskKind kind) { return interaction_->AskDialog(kind); }
+AskResult frmMain::AskDialog(AskKind kind) {
+    return interaction_->AskDialog(kind);
+}
 
 std::optional<ByteColour> frmMain::ShowColourDialog(const ByteColour& initial) {
     return interaction_->ShowColourDialog(initial);
@@ -111,7 +120,8 @@ std::optional<ByteColour> frmMain::ShowColourDialog(const ByteColour& initial) {
 
 bool frmMain::StartDetached(const std::string& program, const std::vector<std::string>& arguments) {
     QStringList list;
-    for (const std::string& argument : arguments) list << FromFileText(argument);
+    for (const std::string& argument : arguments)
+        list << FromFileText(argument);
     return QProcess::startDetached(FromFileText(program), list);
 }
 
@@ -119,7 +129,9 @@ bool frmMain::OpenWithDesktop(const std::string& path) {
     return QDesktopServices::openUrl(QUrl::fromLocalFile(FromFileText(path)));
 }
 
-void frmMain::ReloadTextures() { view->RequestTextureReload(); }
+void frmMain::ReloadTextures() {
+    view->RequestTextureReload();
+}
 
 void frmMain::RenderScene() {
     if (ready_) view->update();

@@ -17,7 +17,9 @@ class QAction;
 class QLabel;
 class QMenu;
 class QRadioButton;
+class QSlider;
 class QTimer;
+class QToolButton;
 class frmSplash;
 class pbOpenGL;
 
@@ -82,6 +84,26 @@ public:
     QAction* mnuClipTerrain = nullptr;
     QAction* mnuResetCamera = nullptr;
     QAction* mnuMoveCursorIntoView = nullptr;
+    QAction* mnuReset = nullptr; // "Reset..."
+    // Edit
+    QAction* mnuUndo = nullptr;
+    QAction* mnuRedo = nullptr;
+    QAction* mnuCopy = nullptr;
+    QAction* mnuPaste = nullptr;
+    // Sculpt: tool, mode and size, each a group of checked entries
+    std::array<QAction*, 3> mnuSculptTool{};
+    std::array<QAction*, 2> mnuSculptMode{};
+    std::array<QAction*, 7> mnuSculptSize{};
+    QAction* mnuToggleMode = nullptr; // R
+    // Tools
+    QAction* mnuFlip = nullptr;
+    QAction* mnuMirror = nullptr;
+    QAction* mnuInvert = nullptr;
+    QAction* mnuFlattenToGround = nullptr;
+    QAction* mnuFlattenToWater = nullptr;
+    QAction* mnuFlatten = nullptr;
+    QAction* mnuAdjustHeight = nullptr;
+    QAction* mnuFilter = nullptr;
     // Help
     QAction* mnuHelpIndex = nullptr;
     QAction* mnuKeyboardShortcuts = nullptr;
@@ -94,6 +116,12 @@ public:
     QTimer* tmrKeyboard = nullptr;
     QTimer* tmrMouseMove = nullptr;
 
+    // Sculpt bar: mode and size option buttons, the custom radius slider and its label
+    std::array<QToolButton*, 2> optMove{};
+    std::array<QToolButton*, 7> optSize{};
+    QSlider* hsSculptSize = nullptr;
+    QLabel* lblSculptSize = nullptr;
+
     bool TerrainMode() const;
     void ResetCamera();
     void SetTerrainMode(bool on);
@@ -103,6 +131,8 @@ public:
     void ViewMousePress(Qt::MouseButtons buttons);
     void ViewMouseDelta(int dx, int dy);
     void ViewMouseRelease(Qt::MouseButtons remaining);
+    // Whether a sculpt stroke is under way (the left button held in terrain mode).
+    bool Sculpting() const { return sculpting_; }
     bool MouseCaptured() const { return mouseCaptured_; }
     // One tick of each movement timer.
     void KeyboardTick();
@@ -131,6 +161,15 @@ private slots:
     void mnuHelpIndex_Click();
     void mnuKeyboardShortcuts_Click();
     void mnuAbout_Click();
+    void mnuSculptTool_Click(int index);
+    void mnuSculptMode_Click(int index);
+    void mnuSculptSize_Click(int index);
+    void optMove_Click(int index);
+    void optSize_Click(int index);
+    void hsSculptSize_Change(int value);
+    void mnuReset_Click();
+    void mnuAdjustHeight_Click();
+    void mnuFilter_Click();
 
 private:
     void BuildMenus();
@@ -138,6 +177,15 @@ private:
     void BuildTerrainMenu();
     void BuildViewMenu();
     void BuildHelpMenu();
+    void BuildEditMenu();
+    void BuildSculptMenu();
+    void BuildToolsMenu();
+    void BuildSculptBar();
+    // Runs an editing command of the session, then refreshes the cursor labels.
+    QAction* AddEditEntry(QMenu* menu, const char* name, const QString& text, const QKeySequence& key,
+                          void (Editor::*command)());
+    void SyncSculptControls();
+    void UpdateEditingUI();
     void BuildNavigationBar();
     void CaptureMouse();
     void ReleaseMouse();
@@ -154,11 +202,12 @@ private:
     frmSplash* splash_ = nullptr;
     bool ready_ = false;
     std::vector<std::pair<QAction*, bool AppSettings::*>> viewSwitches_;
-    std::set<int> keyState_;       // Qt key codes held down
-    std::set<int> pressedOnce_;    // Space and Enter presses not yet acted on
+    std::set<int> keyState_;        // Qt key codes held down
+    std::set<int> pressedOnce_;     // Space and Enter presses not yet acted on
     Qt::MouseButtons mouseButtons_; // buttons held in the view
     int mouseDirection_ = 0;        // 1 forward, 4 backward, 0 none
     bool mouseCaptured_ = false;
+    bool sculpting_ = false; // a stroke is under way: the left button went down in terrain mode
 };
 
 // The program folder: LANDWRIGHT_HOME when set, else the executable's folder; ends in "/".

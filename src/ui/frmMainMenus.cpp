@@ -20,7 +20,10 @@ QAction* AddEntry(QMenu* menu, const char* name, const QString& text, const QKey
 
 void frmMain::BuildMenus() {
     BuildFileMenu();
+    BuildEditMenu();
     BuildTerrainMenu();
+    BuildSculptMenu();
+    BuildToolsMenu();
     BuildViewMenu();
     BuildHelpMenu();
 }
@@ -64,12 +67,15 @@ void frmMain::BuildTerrainMenu() {
     connect(mnuTerrainSettings, &QAction::triggered, this, &frmMain::mnuTerrainSettings_Click);
     mnuDeleteTerrain = AddEntry(menu, "mnuDeleteTerrain", "&Delete");
     connect(mnuDeleteTerrain, &QAction::triggered, this, &frmMain::mnuDeleteTerrain_Click);
+    mnuReset = AddEntry(menu, "mnuReset", "R&eset...");
+    connect(mnuReset, &QAction::triggered, this, &frmMain::mnuReset_Click);
     menu->addSeparator();
     mnuRemoveTrack = AddEntry(menu, "mnuRemoveTrack", "&Remove Track Data");
     connect(mnuRemoveTrack, &QAction::triggered, this, &frmMain::mnuRemoveTrack_Click);
 }
 
-QAction* frmMain::AddViewSwitch(QMenu* menu, const char* name, const QString& text, bool AppSettings::*field) {
+QAction* frmMain::AddViewSwitch(QMenu* menu, const char* name, const QString& text,
+                                bool AppSettings::*field) {
     QAction* action = AddEntry(menu, name, text);
     action->setCheckable(true);
     connect(action, &QAction::toggled, this, [this, field](bool on) {
@@ -93,7 +99,8 @@ void frmMain::BuildViewMenu() {
     mnuViewGuidelines = AddViewSwitch(menu, "mnuViewGuidelines", "&Guidelines", &AppSettings::viewGuidelines);
     mnuViewTrees = AddViewSwitch(menu, "mnuViewTrees", "T&rees", &AppSettings::viewTrees);
     menu->addSeparator();
-    mnuClipTerrain = AddViewSwitch(menu, "mnuClipTerrain", "&Clip Terrain to CV Scene Area", &AppSettings::clipTerrain);
+    mnuClipTerrain =
+        AddViewSwitch(menu, "mnuClipTerrain", "&Clip Terrain to CV Scene Area", &AppSettings::clipTerrain);
     mnuStayAbove = AddViewSwitch(menu, "mnuStayAbove", "Keep Camera &Above Ground", &AppSettings::stayAbove);
     menu->addSeparator();
     mnuResetCamera = AddEntry(menu, "mnuResetCamera", "&Reset Camera");
@@ -139,29 +146,47 @@ void frmMain::UpdateUI() {
     for (std::size_t i = 0; i < mnuRecent.size(); ++i) {
         const std::string& path = editor_.settings.recentPaths[i];
         mnuRecent[i]->setVisible(!path.empty());
-        mnuRecent[i]->setText(QString("&%1 %2").arg(i + 1).arg(FromFileText(editor_.settings.recentTitles[i])));
+        mnuRecent[i]->setText(
+            QString("&%1 %2").arg(i + 1).arg(FromFileText(editor_.settings.recentTitles[i])));
         mnuRecent[i]->setToolTip(FromFileText(path));
         anyRecent = anyRecent || !path.empty();
     }
     mnuClearRecent->setEnabled(anyRecent);
     SyncViewSwitches();
+    UpdateEditingUI();
     UpdatePositionLabels();
 }
 
-void frmMain::mnuOpen_Click() { editor_.OpenTrack(""); }
+void frmMain::mnuOpen_Click() {
+    editor_.OpenTrack("");
+}
 
 void frmMain::mnuRecent_Click(int index) {
     const std::string path = editor_.settings.recentPaths[static_cast<std::size_t>(index)];
     if (!path.empty()) editor_.OpenTrack(path);
 }
 
-void frmMain::mnuClearRecent_Click() { editor_.ClearRecentFiles(); }
-void frmMain::mnuSave_Click() { editor_.SaveTrack(editor_.terrain.trackFilePath); }
-void frmMain::mnuSaveAs_Click() { editor_.SaveTrackAs(); }
-void frmMain::mnuRideTrack_Click() { editor_.RideTrack(); }
-void frmMain::mnuDeleteTerrain_Click() { editor_.DeleteTerrain(); }
-void frmMain::mnuRemoveTrack_Click() { editor_.RemoveTrackData(); }
-void frmMain::mnuHelpIndex_Click() { editor_.OpenHelpIndex(); }
+void frmMain::mnuClearRecent_Click() {
+    editor_.ClearRecentFiles();
+}
+void frmMain::mnuSave_Click() {
+    editor_.SaveTrack(editor_.terrain.trackFilePath);
+}
+void frmMain::mnuSaveAs_Click() {
+    editor_.SaveTrackAs();
+}
+void frmMain::mnuRideTrack_Click() {
+    editor_.RideTrack();
+}
+void frmMain::mnuDeleteTerrain_Click() {
+    editor_.DeleteTerrain();
+}
+void frmMain::mnuRemoveTrack_Click() {
+    editor_.RemoveTrackData();
+}
+void frmMain::mnuHelpIndex_Click() {
+    editor_.OpenHelpIndex();
+}
 
 void frmMain::mnuNewTerrain_Click() {
     if (editor_.NewTerrain()) mnuTerrainSettings_Click();

@@ -55,11 +55,13 @@ void frmMain::BuildNavigationBar() {
     bar->addSeparator();
     bar->addWidget(new QLabel(" Camera: ", bar));
     for (int i = 0; i < 3; ++i)
-        bar->addWidget(lblCameraPos[static_cast<std::size_t>(i)] = PositionLabel(bar, QString("lblCameraPos_%1").arg(i)));
+        bar->addWidget(lblCameraPos[static_cast<std::size_t>(i)] =
+                           PositionLabel(bar, QString("lblCameraPos_%1").arg(i)));
     bar->addSeparator();
     bar->addWidget(new QLabel(" Cursor: ", bar));
     for (int i = 0; i < 3; ++i)
-        bar->addWidget(lblCursorPos[static_cast<std::size_t>(i)] = PositionLabel(bar, QString("lblCursorPos_%1").arg(i)));
+        bar->addWidget(lblCursorPos[static_cast<std::size_t>(i)] =
+                           PositionLabel(bar, QString("lblCursorPos_%1").arg(i)));
 
     tmrKeyboard = new QTimer(this);
     tmrKeyboard->setObjectName("tmrKeyboard");
@@ -72,9 +74,13 @@ void frmMain::BuildNavigationBar() {
     view->installEventFilter(this);
 }
 
-bool frmMain::TerrainMode() const { return optMode[1]->isChecked(); }
+bool frmMain::TerrainMode() const {
+    return optMode[1]->isChecked();
+}
 
-void frmMain::SetTerrainMode(bool on) { optMode[on ? 1 : 0]->setChecked(true); }
+void frmMain::SetTerrainMode(bool on) {
+    optMode[on ? 1 : 0]->setChecked(true);
+}
 
 void frmMain::UpdatePositionLabels() {
     editor_.UpdateCursorHeight();
@@ -134,7 +140,8 @@ void frmMain::KeyboardTick() {
     KeyboardStep(editor_.camera, keys, ground ? &*ground : nullptr, editor_.settings.stayAbove);
     // Space and Enter act once per press.
     if (pressedOnce_.erase(Qt::Key_Space)) SetTerrainMode(!TerrainMode());
-    if (pressedOnce_.erase(Qt::Key_Return) + pressedOnce_.erase(Qt::Key_Enter) > 0 && editor_.terrain.terrainPresent)
+    if (pressedOnce_.erase(Qt::Key_Return) + pressedOnce_.erase(Qt::Key_Enter) > 0 &&
+        editor_.terrain.terrainPresent)
         MoveCursorIntoView(editor_.cursor, editor_.camera, editor_.terrain.spacingX);
     keyState_.erase(Qt::Key_Space);
     keyState_.erase(Qt::Key_Return);
@@ -161,22 +168,38 @@ bool frmMain::HandleViewMouse(QEvent* event) {
         RecentrePointer();
         return true;
     }
-    default: return false;
+    default:
+        return false;
     }
 }
 
 void frmMain::ViewMousePress(Qt::MouseButtons buttons) {
+    // In terrain mode the left button sculpts: its press stores the one undo step of the stroke.
+    const bool startsStroke =
+        TerrainMode() && (buttons & Qt::LeftButton) && !(mouseButtons_ & Qt::LeftButton);
     mouseButtons_ = buttons;
     CaptureMouse();
+    if (startsStroke) {
+        sculpting_ = true;
+        editor_.BeginStroke();
+    }
     // Camera move mode: the right button flies forward, both buttons fly backward; the left button
     // alone only looks around.
     mouseDirection_ = 0;
     if (!TerrainMode() && (buttons & Qt::RightButton)) mouseDirection_ = (buttons & Qt::LeftButton) ? 4 : 1;
-    if (mouseDirection_ != 0) tmrMouseMove->start();
-    else tmrMouseMove->stop();
+    if (mouseDirection_ != 0)
+        tmrMouseMove->start();
+    else
+        tmrMouseMove->stop();
 }
 
 void frmMain::ViewMouseDelta(int dx, int dy) {
+    if (TerrainMode() && sculpting_) {
+        // Only the vertical movement sculpts; the cursor stays where the stroke began.
+        editor_.StrokeMove(dy);
+        UpdatePositionLabels();
+        return;
+    }
     if (TerrainMode()) {
         if (!editor_.terrain.terrainPresent) return;
         // Right in the view moves the cursor to the camera's right, up moves it away from the camera.
@@ -185,8 +208,10 @@ void frmMain::ViewMouseDelta(int dx, int dy) {
         const double ahead = -dy * kCursorUnitsPerPixel;
         const float high = 512.0f - editor_.terrain.spacingX;
         CursorState& cursor = editor_.cursor;
-        cursor.x = std::clamp(static_cast<float>(cursor.x + right * std::cos(yaw) - ahead * std::sin(yaw)), -512.0f, high);
-        cursor.z = std::clamp(static_cast<float>(cursor.z - right * std::sin(yaw) - ahead * std::cos(yaw)), -512.0f, high);
+        cursor.x = std::clamp(static_cast<float>(cursor.x + right * std::cos(yaw) - ahead * std::sin(yaw)),
+                              -512.0f, high);
+        cursor.z = std::clamp(static_cast<float>(cursor.z - right * std::sin(yaw) - ahead * std::cos(yaw)),
+                              -512.0f, high);
     } else {
         editor_.camera.yaw -= static_cast<float>(dx) * kLookDegreesPerPixel;
         editor_.camera.pitch -= static_cast<float>(dy) * kLookDegreesPerPixel; // pointer up looks up
@@ -197,6 +222,7 @@ void frmMain::ViewMouseDelta(int dx, int dy) {
 
 void frmMain::ViewMouseRelease(Qt::MouseButtons remaining) {
     mouseButtons_ = remaining;
+    if (!(remaining & Qt::LeftButton)) sculpting_ = false;
     if (remaining == Qt::NoButton) {
         tmrMouseMove->stop();
         mouseDirection_ = 0;
@@ -237,4 +263,6 @@ void frmMain::ReleaseMouse() {
     mouseCaptured_ = false;
 }
 
-void frmMain::RecentrePointer() { QCursor::setPos(view->mapToGlobal(QPoint(view->width() / 2, view->height() / 2))); }
+void frmMain::RecentrePointer() {
+    QCursor::setPos(view->mapToGlobal(QPoint(view->width() / 2, view->height() / 2)));
+}

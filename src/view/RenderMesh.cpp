@@ -14,14 +14,6 @@ double RepeatPoints(int points, float tiling) {
 
 } // namespace
 
-int GridIndexUnder(float position, float spacing) {
-    const double snapped = std::nearbyint(static_cast<double>(position) + 512.0);
-    const double index = std::nearbyint(snapped / static_cast<double>(spacing));
-    // A damaged spacing gives a point far outside the grid rather than an undefined conversion.
-    if (!std::isfinite(index) || std::abs(index) > 1e6) return index < 0 ? -1000000 : 1000000;
-    return static_cast<int>(index);
-}
-
 void RenderMesh::Clear() { *this = RenderMesh{}; }
 
 void RenderMesh::Build(const TerrainData& terrain) {

@@ -81,10 +81,6 @@ private:
     std::vector<MeshBlock> blocks_;
 };
 
-// The grid point under a world position along one axis: round(round(p + 512) / spacing), with
-// ties to even, not clamped.
-int GridIndexUnder(float position, float spacing);
-
 // The cells drawn for terrain and water: all of them, or with clip only the central 440 x 440
 // units (the simulator's scene area).
 CellRange DrawnCells(const TerrainData& terrain, bool clip);

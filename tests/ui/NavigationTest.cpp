@@ -93,7 +93,8 @@ TEST_F(MainWindowTest, MouseLookTurnsTheCameraAndCursorDragsMoveTheCursor) {
     window->SetTerrainMode(true);
     editor.camera.yaw = 0.0f;
     editor.cursor = {0.0f, 0.0f, 0.0f};
-    window->ViewMousePress(Qt::LeftButton);
+    window->ViewMousePress(Qt::RightButton);
+    EXPECT_FALSE(window->tmrMouseMove->isActive()) << "in terrain mode the right button moves the cursor";
     window->ViewMouseDelta(10, -20);
     window->ViewMouseRelease(Qt::NoButton);
     EXPECT_FLOAT_EQ(editor.cursor.x, 5.0f) << "right in the view is +x when facing -z";

@@ -1,0 +1,204 @@
+// The editing commands as the menus and the mouse run them: one undo step each, the view's mesh
+// kept equal to the heights, the change mark, and nothing at all without a terrain.
+#include "EditorTestFixture.h"
+
+#include <cmath>
+
+namespace {
+
+// A 16 x 16 terrain with a different height at every point; spacing 64, so grid point (c, r)
+// stands at x = 64 c - 480 and the cursor on it snaps back to (c, r).
+class EditCommandsTest : public EditorTest {
+protected:
+    void SetUp() override {
+        EditorTest::SetUp();
+        NewTerrainGrid(editor.terrain, 16, 16);
+        for (int r = 0; r < 16; ++r)
+            for (int c = 0; c < 16; ++c)
+                editor.terrain.heights.At(r, c) = static_cast<float>(5 + (c * 7 + r * 3) % 11);
+        editor.mesh.Build(editor.terrain);
+        PutCursorOn(8, 8);
+    }
+
+    void PutCursorOn(int column, int row) {
+        editor.cursor.x = 64.0f * static_cast<float>(column) - 512.0f;
+        editor.cursor.z = 64.0f * static_cast<float>(row) - 512.0f;
+    }
+
+    // The mesh the view draws must hold the same heights as the terrain.
+    void ExpectMeshMatchesHeights() const {
+        const HeightGrid& h = editor.terrain.heights;
+        for (int r = 0; r < h.Rows(); ++r)
+            for (int c = 0; c < h.Columns(); ++c)
+                ASSERT_EQ(editor.mesh.Vertex(c, r).y, h.At(r, c)) << "point " << c << ", " << r;
+    }
+};
+
+} // namespace
+
+TEST_F(EditCommandsTest, EveryAreaCommandStoresOneUndoStepAndUndoPutsTheGridBack) {
+    const std::vector<std::pair<const char*, void (Editor::*)()>> commands = {
+        {"flip", &Editor::FlipArea},
+        {"mirror", &Editor::MirrorArea},
+        {"invert", &Editor::InvertArea},
+        {"flatten to ground", &Editor::FlattenToGround},
+        {"flatten to water", &Editor::FlattenToWater},
+        {"flatten", &Editor::FlattenArea},
+    };
+    for (const auto& [name, command] : commands) {
+        const HeightGrid before = editor.terrain.heights;
+        const int steps = editor.undo.UndoCount();
+        editor.terrain.terrainChanged = false;
+        const int renders = shell.renders, updates = shell.uiUpdates;
+        (editor.*command)();
+        EXPECT_EQ(editor.undo.UndoCount(), steps + 1) << name;
+        EXPECT_NE(editor.terrain.heights, before) << name << " changed nothing";
+        EXPECT_TRUE(editor.terrain.terrainChanged) << name;
+        EXPECT_GT(shell.renders, renders) << name;
+        EXPECT_GT(shell.uiUpdates, updates) << name;
+        ExpectMeshMatchesHeights();
+        editor.Undo();
+        EXPECT_EQ(editor.terrain.heights, before) << name;
+        ExpectMeshMatchesHeights();
+        editor.Redo();
+        editor.Undo();
+        EXPECT_EQ(editor.terrain.heights, before) << name;
+    }
+}
+
+TEST_F(EditCommandsTest, WithoutATerrainNoCommandActsOrStoresAStep) {
+    ClearTerrain(editor.terrain);
+    editor.mesh.Clear();
+    editor.FlipArea();
+    editor.MirrorArea();
+    editor.InvertArea();
+    editor.FlattenArea();
+    editor.CopyArea();
+    editor.PasteArea();
+    editor.AdjustHeights(5.0f, 0);
+    editor.FilterTerrain(PresetMatrix(0), false);
+    editor.ResetTerrain(); // would ask if it acted
+    editor.BeginStroke();
+    editor.StrokeMove(-10);
+    EXPECT_EQ(editor.undo.UndoCount(), 0);
+    EXPECT_FALSE(editor.terrain.terrainChanged);
+    EXPECT_FALSE(editor.CanPaste());
+    EXPECT_FALSE(editor.CanUndo());
+}
+
+TEST_F(EditCommandsTest, AStrokeIsOneUndoStepHoweverLongTheDrag) {
+    const HeightGrid before = editor.terrain.heights;
+    editor.settings.sculptMode = 1; // absolute: every move adds its full delta
+    editor.settings.sculptSize = 1;
+    editor.BeginStroke();
+    EXPECT_EQ(editor.undo.UndoCount(), 1);
+    for (int i = 0; i < 30; ++i) {
+        editor.StrokeMove(-2); // the pointer moves up: the terrain rises 0.2 a move
+        ExpectMeshMatchesHeights();
+    }
+    editor.StrokeMove(0); // no vertical movement does nothing
+    EXPECT_EQ(editor.undo.UndoCount(), 1);
+    EXPECT_NEAR(editor.terrain.heights.At(8, 8), before.At(8, 8) + 6.0f, 1e-3);
+    EXPECT_EQ(editor.terrain.heights.At(8, 10), before.At(8, 10)) << "outside the small brush";
+    EXPECT_TRUE(editor.terrain.terrainChanged);
+    editor.Undo();
+    EXPECT_EQ(editor.terrain.heights, before);
+}
+
+TEST_F(EditCommandsTest, UndoThenRedoRestoresTheEditAndMarksTheTerrainChanged) {
+    editor.InvertArea();
+    const HeightGrid edited = editor.terrain.heights;
+    editor.Undo();
+    editor.terrain.terrainChanged = false;
+    EXPECT_TRUE(editor.CanRedo());
+    editor.Redo();
+    EXPECT_EQ(editor.terrain.heights, edited);
+    EXPECT_TRUE(editor.terrain.terrainChanged);
+    EXPECT_FALSE(editor.CanRedo());
+    ExpectMeshMatchesHeights();
+}
+
+TEST_F(EditCommandsTest, CopyStoresNoStepAndPasteWritesTheBlockAtTheCursor) {
+    EXPECT_FALSE(editor.CanPaste());
+    editor.settings.sculptSize = 2;
+    editor.CopyArea();
+    EXPECT_EQ(editor.undo.UndoCount(), 0);
+    EXPECT_TRUE(editor.CanPaste());
+    const HeightGrid source = editor.terrain.heights;
+    PutCursorOn(4, 11);
+    editor.settings.sculptSize = 5; // the block keeps the size it was copied with
+    editor.PasteArea();
+    EXPECT_EQ(editor.undo.UndoCount(), 1);
+    for (int dz = -2; dz <= 2; ++dz)
+        for (int dx = -2; dx <= 2; ++dx)
+            EXPECT_EQ(editor.terrain.heights.At(11 + dz, 4 + dx), source.At(8 + dz, 8 + dx));
+    EXPECT_EQ(editor.terrain.heights.At(11, 7), source.At(11, 7)) << "beyond the 5 x 5 block";
+    ExpectMeshMatchesHeights();
+}
+
+TEST_F(EditCommandsTest, ResetAsksFirstAndOnlyYesFlattens) {
+    editor.terrain.waterEnabled = true;
+    const HeightGrid before = editor.terrain.heights;
+    for (Answer refusal : {Answer::No, Answer::Cancel}) {
+        shell.answers.push_back(refusal);
+        editor.ResetTerrain();
+        EXPECT_EQ(editor.terrain.heights, before);
+        EXPECT_EQ(editor.undo.UndoCount(), 0) << "a refused reset stores no step";
+    }
+    shell.answers.push_back(Answer::Yes);
+    editor.ResetTerrain();
+    ASSERT_EQ(shell.questions.size(), 3u);
+    EXPECT_EQ(shell.questions[0].text,
+              "Warning!  This will flatten all the terrain.\nAre you sure you wish to continue?");
+    EXPECT_EQ(shell.questions[0].title, "Warning!");
+    EXPECT_EQ(shell.questions[0].buttons, Buttons::YesNoCancel);
+    EXPECT_EQ(shell.questions[0].icon, MessageIcon::Question);
+    EXPECT_EQ(editor.terrain.heights, HeightGrid(16, 16, 0.5f)) << "the ground level with water";
+    ExpectMeshMatchesHeights();
+}
+
+TEST_F(EditCommandsTest, AdjustAndFilterWorkOnTheWholeGridAndAZeroFactorChangesNothing) {
+    editor.AdjustHeights(200.0f, 1);
+    EXPECT_EQ(editor.terrain.heights, HeightGrid(16, 16, -10.0f));
+    ExpectMeshMatchesHeights();
+    editor.AdjustHeights(3.0f, 2);
+    FilterMatrix zero = PresetMatrix(3);
+    zero.factor = 0;
+    editor.FilterTerrain(zero, false);
+    EXPECT_EQ(editor.undo.UndoCount(), 2) << "no step for a filter that cannot run";
+    editor.FilterTerrain(PresetMatrix(3), false); // raise features: 1.5 times
+    EXPECT_EQ(editor.terrain.heights.At(7, 7), 4.5f);
+    for (int r = 0; r < 16; ++r)
+        for (int c = 0; c < 16; ++c)
+            ASSERT_TRUE(std::isfinite(editor.terrain.heights.At(r, c)));
+    ExpectMeshMatchesHeights();
+}
+
+TEST_F(EditCommandsTest, ReplacingOrDeletingTheTerrainDropsTheUndoSteps) {
+    editor.FlipArea();
+    ASSERT_TRUE(editor.CanUndo());
+    const std::string path = WriteTrack("other.cvtrack", 6);
+    shell.askChoices.push_back({0, false}); // load the track's terrain
+    editor.OpenTrack(path);
+    EXPECT_FALSE(editor.undo.CanUndo()) << "steps of the old terrain cannot apply to the new one";
+    editor.FlipArea();
+    shell.answers.push_back(Answer::Yes);
+    editor.DeleteTerrain();
+    EXPECT_FALSE(editor.undo.CanUndo());
+}
+
+TEST_F(EditCommandsTest, TheSavedTrackHoldsTheEditedTerrain) {
+    const std::string path = WriteTrack("sculpted.cvtrack", 16);
+    ClearTerrain(editor.terrain);
+    editor.OpenTrack(path);
+    PutCursorOn(8, 8);
+    editor.settings.sculptMode = 1;
+    editor.BeginStroke();
+    editor.StrokeMove(-50);
+    const HeightGrid edited = editor.terrain.heights;
+    ASSERT_TRUE(editor.SaveTrack(path));
+    TrackDocument saved;
+    ASSERT_TRUE(ReadTrackFile(path, saved));
+    EXPECT_EQ(saved.terrain.terrain.heights, edited);
+    EXPECT_TRUE(editor.CanUndo()) << "steps survive saving";
+}

@@ -1,0 +1,39 @@
+#pragma once
+// Small terrains for the editing tests. Column and row counts that divide 1024 give whole-unit
+// spacings, so the cursor positions below land exactly on the grid point they name.
+
+#include "TerrainModel.h"
+
+#include <cmath>
+
+inline TerrainData MakeTerrain(int columns, int rows, float level = 0.0f, bool water = false) {
+    TerrainData terrain;
+    terrain.columns = columns;
+    terrain.rows = rows;
+    terrain.spacingX = kTerrainExtent / static_cast<float>(columns);
+    terrain.spacingZ = kTerrainExtent / static_cast<float>(rows);
+    terrain.waterEnabled = water;
+    terrain.heights.Resize(columns, rows, level);
+    return terrain;
+}
+
+// World position of the cursor over column c / row r.
+inline float CursorX(const TerrainData& terrain, int column) {
+    return column * terrain.spacingX - 512.0f;
+}
+inline float CursorZ(const TerrainData& terrain, int row) {
+    return row * terrain.spacingZ - 512.0f;
+}
+
+// Every point a different whole number: row * 100 + column.
+inline void NumberPoints(TerrainData& terrain) {
+    for (int z = 0; z < terrain.heights.Rows(); ++z)
+        for (int x = 0; x < terrain.heights.Columns(); ++x)
+            terrain.heights.At(z, x) = static_cast<float>(z * 100 + x);
+}
+
+inline bool AllFinite(const TerrainData& terrain) {
+    for (std::size_t i = 0; i < terrain.heights.Size(); ++i)
+        if (!std::isfinite(terrain.heights.Data()[i])) return false;
+    return true;
+}
