@@ -40,6 +40,8 @@ void Editor::RefreshMesh(const GridRect& changed) {
 void Editor::Undo() {
     if (!CanUndo()) return;
     undo.Undo(terrain.heights);
+    // The terrain now differs from what was saved (or opened): leaving without saving must ask.
+    terrain.terrainChanged = true;
     RefreshMesh(GridRect::Whole());
     shell.RenderScene();
     shell.UpdateUI();

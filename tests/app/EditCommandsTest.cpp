@@ -105,10 +105,12 @@ TEST_F(EditCommandsTest, AStrokeIsOneUndoStepHoweverLongTheDrag) {
     EXPECT_EQ(editor.terrain.heights, before);
 }
 
-TEST_F(EditCommandsTest, UndoThenRedoRestoresTheEditAndMarksTheTerrainChanged) {
+TEST_F(EditCommandsTest, UndoAndRedoRestoreTheGridsAndMarkTheTerrainChanged) {
     editor.InvertArea();
     const HeightGrid edited = editor.terrain.heights;
+    editor.terrain.terrainChanged = false; // as if saved
     editor.Undo();
+    EXPECT_TRUE(editor.terrain.terrainChanged) << "the terrain now differs from the saved file";
     editor.terrain.terrainChanged = false;
     EXPECT_TRUE(editor.CanRedo());
     editor.Redo();
