@@ -185,6 +185,7 @@ private:
     QAction* AddEditEntry(QMenu* menu, const char* name, const QString& text, const QKeySequence& key,
                           void (Editor::*command)());
     void SyncSculptControls();
+    void ReturnToView();
     void UpdateEditingUI();
     void BuildNavigationBar();
     void CaptureMouse();

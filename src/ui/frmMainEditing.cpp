@@ -249,6 +249,13 @@ void frmMain::UpdateEditingUI() {
         action->setEnabled(editable);
 }
 
+void frmMain::ReturnToView() {
+    // Keys go back to the view after a dialog, so flying and the editing keys work at once.
+    activateWindow();
+    view->setFocus();
+    UpdatePositionLabels();
+}
+
 void frmMain::mnuReset_Click() {
     editor_.ResetTerrain();
     UpdatePositionLabels();
@@ -258,12 +265,12 @@ void frmMain::mnuAdjustHeight_Click() {
     if (!editor_.CanEditTerrain()) return;
     frmAdjustHeight dialog(editor_, this);
     dialog.exec();
-    UpdatePositionLabels();
+    ReturnToView();
 }
 
 void frmMain::mnuFilter_Click() {
     if (!editor_.CanEditTerrain()) return;
     frmFilter dialog(editor_, this);
     dialog.exec();
-    UpdatePositionLabels();
+    ReturnToView();
 }
