@@ -46,7 +46,10 @@ TEST_F(EditorTest, InvalidFileDropsTheTrackButKeepsTheTerrain) {
     EXPECT_EQ(editor.terrain.heights.At(0, 0), 42.0f);
 }
 
-TEST_F(EditorTest, ATracksTerrainIsLoadedWithoutAQuestionWhenTheEditorHasNone) {
+TEST_F(EditorTest, WithoutATerrainInTheEditorNothingIsAskedAndTheTracksTerrainIfAnyIsLoaded) {
+    editor.OpenTrack(WriteTrack("Flat Ride.CVTRACK", 0));
+    EXPECT_FALSE(editor.terrain.terrainPresent);
+    EXPECT_EQ(editor.Caption(), "CorvantaLandwright - Flat Ride");
     shell.openChoices.push_back(WriteTrack("hilly.cvtrack", 6));
     editor.OpenTrack("");
     EXPECT_TRUE(shell.askDialogs.empty());
@@ -57,13 +60,6 @@ TEST_F(EditorTest, ATracksTerrainIsLoadedWithoutAQuestionWhenTheEditorHasNone) {
     EXPECT_FALSE(editor.terrain.terrainChanged);
     EXPECT_EQ(editor.Caption(), "CorvantaLandwright - hilly");
     EXPECT_GE(shell.textureReloads, 1);
-}
-
-TEST_F(EditorTest, NeitherTerrainMeansNoQuestionAndNoTerrain) {
-    editor.OpenTrack(WriteTrack("flat.cvtrack", 0));
-    EXPECT_TRUE(shell.askDialogs.empty());
-    EXPECT_FALSE(editor.terrain.terrainPresent);
-    EXPECT_EQ(editor.Caption(), "CorvantaLandwright - flat");
 }
 
 struct TerrainChoice {
@@ -77,7 +73,7 @@ struct TerrainChoice {
 
 class EditorTerrainChoiceTest : public EditorTest, public ::testing::WithParamInterface<TerrainChoice> {};
 
-TEST_P(EditorTerrainChoiceTest, FollowsTheSettingOrTheAnswer) {
+TEST_P(EditorTerrainChoiceTest, FollowsTheSettingOrTheAnswerAndASaveWritesTheTerrainKept) {
     const TerrainChoice c = GetParam();
     const std::string path = WriteTrack("t.cvtrack", c.trackHasTerrain ? 5 : 0);
     GiveEditorTerrain(3, 42.0f);
@@ -87,7 +83,8 @@ TEST_P(EditorTerrainChoiceTest, FollowsTheSettingOrTheAnswer) {
     editor.OpenTrack(path);
     if (c.answer) {
         ASSERT_EQ(shell.askDialogs.size(), 1u);
-        EXPECT_EQ(shell.askDialogs[0], c.trackHasTerrain ? AskKind::LoadTrackTerrain : AskKind::LoadNoTerrain);
+        EXPECT_EQ(shell.askDialogs[0],
+                  c.trackHasTerrain ? AskKind::LoadTrackTerrain : AskKind::LoadNoTerrain);
     } else {
         EXPECT_TRUE(shell.askDialogs.empty());
     }
@@ -102,31 +99,31 @@ TEST_P(EditorTerrainChoiceTest, FollowsTheSettingOrTheAnswer) {
     }
     EXPECT_EQ(setting, c.expectSettingAfter);
     EXPECT_TRUE(editor.terrain.trackPresent);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    EveryCombination, EditorTerrainChoiceTest,
-    ::testing::Values(
-        // The track has terrain and so has the editor.
-        TerrainChoice{true, 0, AskResult{0, false}, true, false, 0}, TerrainChoice{true, 0, AskResult{1, false}, false, false, 0},
-        TerrainChoice{true, 0, AskResult{0, true}, true, false, 1}, TerrainChoice{true, 0, AskResult{1, true}, false, false, 2},
-        TerrainChoice{true, 1, std::nullopt, true, false, 1}, TerrainChoice{true, 2, std::nullopt, false, false, 2},
-        // The track has none but the editor has.
-        TerrainChoice{false, 0, AskResult{0, false}, false, true, 0}, TerrainChoice{false, 0, AskResult{1, false}, false, false, 0},
-        TerrainChoice{false, 0, AskResult{0, true}, false, true, 1}, TerrainChoice{false, 0, AskResult{1, true}, false, false, 2},
-        TerrainChoice{false, 1, std::nullopt, false, true, 1}, TerrainChoice{false, 2, std::nullopt, false, false, 2}));
-
-TEST_F(EditorTest, KeepingTheEditorsTerrainThenSavingWritesItIntoTheTrack) {
-    const std::string path = WriteTrack("keep.cvtrack", 5);
-    GiveEditorTerrain(3, 42.0f);
-    editor.settings.askLoadTrackTerrain = 2;
-    editor.OpenTrack(path);
+    // Saving writes the terrain the editor ended with into the track, or none.
     ASSERT_TRUE(editor.SaveTrack(path));
     TrackDocument saved;
     ASSERT_TRUE(ReadTrackFile(path, saved));
-    EXPECT_EQ(saved.terrain.terrain.columns, 3);
-    EXPECT_EQ(saved.terrain.terrain.heights.At(2, 2), 42.0f);
+    ASSERT_EQ(saved.terrain.terrainInTrack, editor.terrain.terrainPresent);
+    EXPECT_TRUE(!saved.terrain.terrainInTrack || saved.terrain.terrain == editor.terrain)
+        << "the editor's terrain";
 }
+
+INSTANTIATE_TEST_SUITE_P(EveryCombination, EditorTerrainChoiceTest,
+                         ::testing::Values(
+                             // The track has terrain and so has the editor.
+                             TerrainChoice{true, 0, AskResult{0, false}, true, false, 0},
+                             TerrainChoice{true, 0, AskResult{1, false}, false, false, 0},
+                             TerrainChoice{true, 0, AskResult{0, true}, true, false, 1},
+                             TerrainChoice{true, 0, AskResult{1, true}, false, false, 2},
+                             TerrainChoice{true, 1, std::nullopt, true, false, 1},
+                             TerrainChoice{true, 2, std::nullopt, false, false, 2},
+                             // The track has none but the editor has.
+                             TerrainChoice{false, 0, AskResult{0, false}, false, true, 0},
+                             TerrainChoice{false, 0, AskResult{1, false}, false, false, 0},
+                             TerrainChoice{false, 0, AskResult{0, true}, false, true, 1},
+                             TerrainChoice{false, 0, AskResult{1, true}, false, false, 2},
+                             TerrainChoice{false, 1, std::nullopt, false, true, 1},
+                             TerrainChoice{false, 2, std::nullopt, false, false, 2}));
 
 TEST_F(EditorTest, TrackFolderTakesAsManyCharactersAsTheFileNameHas) {
     EXPECT_EQ(DerivedTrackFolder("C:\\ab\\c.cvtrack"), "C:\\ab\\c.c");
@@ -147,13 +144,4 @@ TEST_F(EditorTest, ATrackWithOneVertexOpensButIsNotPresent) {
     EXPECT_FALSE(editor.terrain.trackPresent);
     EXPECT_EQ(editor.settings.recentTitles[0], "dot");
     EXPECT_EQ(editor.Caption(), "CorvantaLandwright");
-}
-
-TEST_F(EditorTest, CaptionNamesTheTrackOrTheTerrain) {
-    EXPECT_EQ(editor.Caption(), "CorvantaLandwright");
-    GiveEditorTerrain();
-    EXPECT_EQ(editor.Caption(), "CorvantaLandwright - [Terrain]");
-    editor.settings.askLoadNoTerrain = 2;
-    editor.OpenTrack(WriteTrack("Big Dipper.CVTRACK", 0));
-    EXPECT_EQ(editor.Caption(), "CorvantaLandwright - Big Dipper");
 }

@@ -15,29 +15,20 @@ TEST_F(EditorTest, SavingWithoutATrackWritesNothing) {
     EXPECT_TRUE(shell.saveDialogs.empty());
 }
 
-TEST_F(EditorTest, SaveWritesTheEditedTerrainAndClearsTheChangeMark) {
+TEST_F(EditorTest, SaveWritesTheEditedTerrainWithTheTrackClearsTheChangeMarkAndKeepsTheUndoSteps) {
     const std::string path = WriteTrack("edit.cvtrack", 4);
     editor.OpenTrack(path);
-    editor.terrain.heights.At(0, 0) = 99.5f;
-    editor.terrain.terrainChanged = true;
+    editor.AdjustHeights(2.5f, 0);
+    ASSERT_TRUE(editor.terrain.terrainChanged);
     ASSERT_TRUE(editor.SaveTrack(path));
     EXPECT_FALSE(editor.terrain.terrainChanged);
+    EXPECT_TRUE(editor.CanUndo()) << "steps survive saving";
     TrackDocument saved;
     ASSERT_TRUE(ReadTrackFile(path, saved));
-    EXPECT_EQ(saved.terrain.terrain.heights.At(0, 0), 99.5f);
+    EXPECT_NE(saved.terrain.terrain.heights, MakeSampleTerrain(4, 4).heights);
+    EXPECT_EQ(saved.terrain.terrain, static_cast<const TerrainData&>(editor.terrain))
+        << "the editor's terrain";
     EXPECT_EQ(saved.bezier.vertices, MakeSampleTrack().bezier.vertices);
-}
-
-TEST_F(EditorTest, SaveWithoutTerrainDropsTheTerrainChunk) {
-    const std::string path = WriteTrack("strip.cvtrack", 4);
-    editor.OpenTrack(path);
-    shell.answers.push_back(Answer::Yes);
-    editor.DeleteTerrain();
-    EXPECT_TRUE(editor.terrain.terrainChanged);
-    ASSERT_TRUE(editor.SaveTrack(path));
-    TrackDocument saved;
-    ASSERT_TRUE(ReadTrackFile(path, saved));
-    EXPECT_FALSE(saved.terrain.terrainInTrack);
 }
 
 TEST_F(EditorTest, AFailedSaveIsReportedAndTheTerrainStaysChanged) {
@@ -78,34 +69,22 @@ TEST_F(EditorTest, SaveAsOffersTheTrackDialogAndSavesUnderTheNewName) {
 }
 
 TEST_F(EditorTest, RecentFilesKeepFiveNewestFirstWithoutDuplicates) {
-    for (const char* name : {"a", "b", "c", "d", "e", "f"}) editor.AddRecentFile(std::string("/t/") + name + ".cvtrack");
-    EXPECT_EQ(editor.settings.recentPaths[0], "/t/f.cvtrack");
-    EXPECT_EQ(editor.settings.recentPaths[4], "/t/b.cvtrack");
+    for (const char* name : {"a", "b", "c", "d", "e", "f"})
+        editor.AddRecentFile(std::string("/t/") + name + ".cvtrack");
+    using Five = std::array<std::string, kRecentFileCount>;
+    EXPECT_EQ(editor.settings.recentPaths,
+              (Five{"/t/f.cvtrack", "/t/e.cvtrack", "/t/d.cvtrack", "/t/c.cvtrack", "/t/b.cvtrack"}));
     editor.AddRecentFile("/T/D.CVTRACK"); // the same file in other letter case moves to the top
-    EXPECT_EQ(editor.settings.recentPaths[0], "/T/D.CVTRACK");
-    EXPECT_EQ(editor.settings.recentTitles[0], "D");
-    EXPECT_EQ(editor.settings.recentPaths[1], "/t/f.cvtrack");
-    EXPECT_EQ(editor.settings.recentPaths[2], "/t/e.cvtrack");
-    EXPECT_EQ(editor.settings.recentPaths[3], "/t/c.cvtrack");
-    EXPECT_EQ(editor.settings.recentPaths[4], "/t/b.cvtrack");
+    EXPECT_EQ(editor.settings.recentPaths,
+              (Five{"/T/D.CVTRACK", "/t/f.cvtrack", "/t/e.cvtrack", "/t/c.cvtrack", "/t/b.cvtrack"}));
+    EXPECT_EQ(editor.settings.recentTitles, (Five{"D", "f", "e", "c", "b"}));
     editor.ClearRecentFiles();
-    for (int i = 0; i < kRecentFileCount; ++i) EXPECT_TRUE(editor.settings.recentPaths[static_cast<std::size_t>(i)].empty());
-    editor.settings.rmbrRecents = false;
+    EXPECT_EQ(editor.settings.recentPaths, Five{});
+    editor.settings.rmbrRecents = false; // then nothing is added, but the menus are updated
     const int updates = shell.uiUpdates;
     editor.AddRecentFile("/t/z.cvtrack");
     EXPECT_TRUE(editor.settings.recentPaths[0].empty());
     EXPECT_EQ(shell.uiUpdates, updates + 1);
-}
-
-TEST_F(EditorTest, OpeningTheSameFileTwiceListsItOnce) {
-    const std::string a = WriteTrack("a.cvtrack", 0);
-    const std::string b = WriteTrack("b.cvtrack", 0);
-    editor.OpenTrack(a);
-    editor.OpenTrack(b);
-    editor.OpenTrack(a);
-    EXPECT_EQ(editor.settings.recentPaths[0], a);
-    EXPECT_EQ(editor.settings.recentPaths[1], b);
-    EXPECT_TRUE(editor.settings.recentPaths[2].empty());
 }
 
 TEST_F(EditorTest, ExitAsksOnlyWithUnsavedChangesAndNoKeepsRunning) {
@@ -124,27 +103,21 @@ TEST_F(EditorTest, ExitAsksOnlyWithUnsavedChangesAndNoKeepsRunning) {
     EXPECT_EQ(q.defaultAnswer, Answer::No);
 }
 
-TEST_F(EditorTest, RidingWithoutTheSimulatorWarnsAndSavesNothing) {
-    const std::string path = WriteTrack("ride.cvtrack", 4);
-    editor.OpenTrack(path);
-    editor.terrain.heights.At(0, 0) = 5.0f;
-    const std::vector<std::uint8_t> before = ReadBytes(path);
-    WriteText(editor.SimulatorPath(), "not executable");
-    editor.RideTrack();
-    const ShownMessage& m = OnlyMessage();
-    EXPECT_EQ(m.text, "Warning - Corvanta Simulator not found.\nCorvanta Landwright must be in the same folder as Corvanta Simulator");
-    EXPECT_EQ(m.title, "Warning!");
-    EXPECT_EQ(m.icon, MessageIcon::Exclamation);
-    EXPECT_TRUE(shell.started.empty());
-    EXPECT_EQ(ReadBytes(path), before);
-}
-
-TEST_F(EditorTest, RidingSavesFirstThenStartsTheSimulatorOnTheTrack) {
+TEST_F(EditorTest, RidingWarnsWithoutARunnableSimulatorElseSavesFirstAndStartsItOnTheTrack) {
     const std::string path = WriteTrack("ride.cvtrack", 4);
     editor.OpenTrack(path);
     editor.terrain.heights.At(1, 1) = 12.25f;
     editor.terrain.terrainChanged = true;
+    const std::vector<std::uint8_t> before = ReadBytes(path);
     WriteText(editor.SimulatorPath(), "#!/bin/sh\n");
+    editor.RideTrack();
+    const ShownMessage& m = OnlyMessage();
+    EXPECT_EQ(m.text, "Warning - Corvanta Simulator not found.\nCorvanta Landwright must be in the same "
+                      "folder as Corvanta Simulator");
+    EXPECT_EQ(m.title, "Warning!");
+    EXPECT_EQ(m.icon, MessageIcon::Exclamation);
+    EXPECT_TRUE(shell.started.empty());
+    EXPECT_EQ(ReadBytes(path), before) << "nothing saved";
     fs::permissions(editor.SimulatorPath(), fs::perms::owner_all);
     editor.RideTrack();
     ASSERT_EQ(shell.started.size(), 1u);
@@ -156,21 +129,29 @@ TEST_F(EditorTest, RidingSavesFirstThenStartsTheSimulatorOnTheTrack) {
     EXPECT_EQ(saved.terrain.terrain.heights.At(1, 1), 12.25f);
 }
 
-TEST_F(EditorTest, DeletingTheTerrainAndRemovingTheTrackAskFirst) {
-    editor.OpenTrack(WriteTrack("t.cvtrack", 4));
+TEST_F(EditorTest, DeletingTheTerrainAndRemovingTheTrackAskFirstAndASaveThenDropsTheTerrainChunk) {
+    const std::string path = WriteTrack("t.cvtrack", 4);
+    editor.OpenTrack(path);
     shell.answers = {Answer::No, Answer::Yes, Answer::No, Answer::Yes};
     editor.DeleteTerrain();
     EXPECT_TRUE(editor.terrain.terrainPresent);
     editor.DeleteTerrain();
     EXPECT_FALSE(editor.terrain.terrainPresent);
-    EXPECT_EQ(shell.questions[0].text,
-              "Warning!  This will completely remove the terrain structure!\nAre you sure you wish to continue?");
+    EXPECT_TRUE(editor.terrain.terrainChanged);
+    ASSERT_TRUE(editor.SaveTrack(path));
+    TrackDocument saved;
+    ASSERT_TRUE(ReadTrackFile(path, saved));
+    EXPECT_FALSE(saved.terrain.terrainInTrack);
+    EXPECT_EQ(
+        shell.questions[0].text,
+        "Warning!  This will completely remove the terrain structure!\nAre you sure you wish to continue?");
     editor.RemoveTrackData();
     EXPECT_TRUE(editor.terrain.trackPresent);
     editor.RemoveTrackData();
     EXPECT_FALSE(editor.terrain.trackPresent);
-    EXPECT_EQ(shell.questions[2].text, "Warning!  This will completely remove the track structure from the scene "
-                                       "(including tress)!\nAre you sure you wish to continue?");
+    EXPECT_EQ(shell.questions[2].text,
+              "Warning!  This will completely remove the track structure from the scene "
+              "(including tress)!\nAre you sure you wish to continue?");
     EXPECT_EQ(editor.Caption(), "CorvantaLandwright");
 }
 

@@ -20,12 +20,6 @@ TerrainModel Sized(int columns, int rows) {
     return model;
 }
 
-bool AllHeightsAre(const HeightGrid& grid, float value) {
-    for (std::size_t i = 0; i < grid.Size(); ++i)
-        if (grid.Data()[i] != value) return false;
-    return !grid.Empty();
-}
-
 } // namespace
 
 TEST(TerrainSettingsLogic, EachStructureAsksForItsSizeAndCustomOnlyForAChosenUsableOne) {
@@ -108,8 +102,7 @@ TEST_F(EditorTest, ANewLowDetailGridWithWaterStandsAtOneWithItsSpacing) {
     EXPECT_EQ(GridSize(t.columns, t.rows), GridSize(102, 102));
     EXPECT_FLOAT_EQ(t.spacingX, 1024.0f / 102.0f);
     EXPECT_FLOAT_EQ(t.spacingZ, 1024.0f / 102.0f);
-    EXPECT_EQ(t.heights.Size(), 102u * 102u);
-    EXPECT_TRUE(AllHeightsAre(t.heights, 1.0f));
+    EXPECT_EQ(t.heights, HeightGrid(102, 102, 1.0f));
     EXPECT_EQ(t.waterTexture, "teratextures\\BubblesWater.jpg");
     EXPECT_FLOAT_EQ(t.waterTiling, 150.0f);
     EXPECT_EQ(t.reflection, 240);
@@ -147,7 +140,7 @@ TEST_F(EditorTest, ADifferentSizeAsksCancelChangesNothingYesMakesANewGridWithout
     EXPECT_EQ(editor.ApplyTerrainSettings(values), TerrainApplyResult::NewGrid);
     EXPECT_EQ(GridSize(editor.terrain.columns, editor.terrain.rows), GridSize(64, 32));
     EXPECT_FLOAT_EQ(editor.terrain.spacingZ, 32.0f);
-    EXPECT_TRUE(AllHeightsAre(editor.terrain.heights, 0.0f)) << "no water: the ground starts at 0";
+    EXPECT_EQ(editor.terrain.heights, HeightGrid(64, 32, 0.0f)) << "no water: the ground starts at 0";
     EXPECT_FALSE(editor.terrain.terrainChanged);
     EXPECT_TRUE(shell.messages.empty());
     EXPECT_EQ(editor.terrain.waterTexture, "");
@@ -163,8 +156,7 @@ TEST_F(EditorTest, NoKeepsTheGridAndItsHeightsButAppliesTexturesAndWater) {
     ApplySeaPreset(values, 3);
     EXPECT_EQ(editor.ApplyTerrainSettings(values), TerrainApplyResult::SameGrid);
     const TerrainModel& t = editor.terrain;
-    EXPECT_EQ(t.columns, 3);
-    EXPECT_TRUE(AllHeightsAre(t.heights, 42.0f));
+    EXPECT_EQ(t.heights, HeightGrid(3, 3, 42.0f));
     EXPECT_EQ(t.groundTexture, "teratextures\\SnowTerrain.jpg");
     EXPECT_FLOAT_EQ(t.groundTiling, 30.0f);
     EXPECT_TRUE(t.waterEnabled);

@@ -39,7 +39,8 @@ AppSettings Parsed(const IniText& text, AppSettings start = {}) {
 
 } // namespace
 
-TEST(SettingsFile, StartUpValuesStayWhenThereIsNoFile) {
+TEST(SettingsFile,
+     SaveThenLoadKeepsEveryFieldBothWaysNoFileKeepsTheStartUpValuesAndAFailedSaveThePreviousFile) {
     const AppSettings s;
     EXPECT_TRUE(s.viewWater && s.viewSupports && s.useWaterTrans && s.viewSkybox && s.rmbrRecents);
     EXPECT_FALSE(s.viewGuidelines || s.clipTerrain || s.noLights);
@@ -48,19 +49,15 @@ TEST(SettingsFile, StartUpValuesStayWhenThereIsNoFile) {
     DeriveShadedColours(derived);
     EXPECT_EQ(derived, s) << "the default guideline colours are the halves of the track colours";
     ScratchFolder folder;
-    AppSettings loaded = Changed();
-    EXPECT_FALSE(LoadSettings(folder.File("CorvantaLandwright.ini"), loaded));
-    EXPECT_EQ(loaded, Changed());
-}
-
-TEST(SettingsFile, SaveThenLoadKeepsEveryFieldBothWays) {
-    ScratchFolder folder;
     const std::string path = folder.File("CorvantaLandwright.ini");
+    AppSettings loaded = Changed();
+    EXPECT_FALSE(LoadSettings(path, loaded));
+    EXPECT_EQ(loaded, Changed());
+    std::string error;
     for (const bool changed : {true, false}) {
         const AppSettings original = changed ? Changed() : AppSettings{};
-        std::string error;
         ASSERT_TRUE(SaveSettings(path, original, error)) << error;
-        AppSettings loaded = changed ? AppSettings{} : Changed();
+        loaded = changed ? AppSettings{} : Changed();
         ASSERT_TRUE(LoadSettings(path, loaded));
         EXPECT_EQ(loaded, original);
     }
@@ -74,6 +71,14 @@ TEST(SettingsFile, SaveThenLoadKeepsEveryFieldBothWays) {
         at = text.find(next, at);
         ASSERT_NE(at, std::string::npos) << next << " missing or out of order";
     }
+    {
+        FileSizeLimit limit(16);
+        EXPECT_FALSE(SaveSettings(path, Changed(), error)) << "a save that fails part-way";
+    }
+    EXPECT_FALSE(error.empty());
+    EXPECT_EQ(ReadText(path), text) << "the previous file is left";
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1)
+        << "no temporary left";
 }
 
 TEST(SettingsParsing, RememberSwitchesGateViewsToolsAndRecents) {
@@ -131,19 +136,4 @@ TEST(SettingsParsing, CommaLocaleStillWritesAndReadsAPoint) {
     ASSERT_EQ(comma, ',');
     EXPECT_NE(text.find("\r\nWaterTrans=0.25\r\n"), std::string::npos);
     EXPECT_EQ(parsed.waterTrans, 0.25f);
-}
-
-TEST(SettingsFile, FailedSaveLeavesThePreviousFile) {
-    ScratchFolder folder;
-    const std::string path = folder.File("CorvantaLandwright.ini");
-    WriteText(path, ";previous\r\n");
-    std::string error;
-    {
-        FileSizeLimit limit(16);
-        EXPECT_FALSE(SaveSettings(path, AppSettings{}, error));
-    }
-    EXPECT_FALSE(error.empty());
-    EXPECT_EQ(ReadText(path), ";previous\r\n");
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1)
-        << "no temporary left";
 }

@@ -1,44 +1,16 @@
 // The reader against damaged and hostile files: it must refuse them cleanly, never crash, hang or
 // allocate what the data cannot hold.
-#include "SampleTrack.h"
-#include "TrackChunks.h"
-#include "TrackFile.h"
+#include "TrackBytes.h"
 
 #include <gtest/gtest.h>
 
 #include <bit>
 #include <cstring>
 #include <limits>
-#include <stdexcept>
 
 namespace {
 
-struct Located {
-    std::vector<std::uint8_t> bytes;
-    std::vector<ChunkListing> chunks;
-    std::size_t Offset(const std::string& id) const {
-        for (const ChunkListing& c : chunks)
-            if (c.id == id) return c.offset;
-        ADD_FAILURE() << "no chunk " << id;
-        return 0;
-    }
-};
-
-Located Sample() {
-    Located l;
-    l.bytes = SerializeTrack(MakeSampleTrack());
-    TrackDocument doc;
-    EXPECT_TRUE(ParseTrack(l.bytes, doc, &l.chunks));
-    return l;
-}
-
-void SetLong(std::vector<std::uint8_t>& bytes, std::size_t at, std::int32_t value) {
-    if (at + 4 > bytes.size()) throw std::out_of_range("long past the end");
-    const auto raw = static_cast<std::uint32_t>(value);
-    const std::uint8_t big[4] = {static_cast<std::uint8_t>(raw >> 24), static_cast<std::uint8_t>(raw >> 16),
-                                 static_cast<std::uint8_t>(raw >> 8), static_cast<std::uint8_t>(raw)};
-    std::memcpy(bytes.data() + at, big, 4);
-}
+constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
 
 bool Parses(const std::vector<std::uint8_t>& bytes) {
     TrackDocument doc;
@@ -55,7 +27,7 @@ std::uint64_t SplitMix(std::uint64_t& state) {
 
 } // namespace
 
-TEST(TrackFileDamage, EveryTruncationIsRefused) {
+TEST(TrackFileDamage, EveryTruncationIsRefusedWithAMessageAndTheDocumentReset) {
     const std::vector<std::uint8_t> bytes = SerializeTrack(MakeSampleTrack());
     for (std::size_t size = 0; size < bytes.size(); ++size) {
         const std::vector<std::uint8_t> cut(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(size));
@@ -95,13 +67,13 @@ TEST(TrackFileDamage, SeededByteFlipsNeverCrashAndWhatIsReadWritesBackStably) {
 }
 
 TEST(TrackFileDamage, HugeCountsAreRefusedBeforeAnythingIsAllocated) {
-    const Located l = Sample();
+    const LocatedTrack l = Locate(MakeSampleTrack());
     // Offsets of the entry count of each chunk kind, from its id.
     const std::pair<const char*, std::size_t> counts[] = {
-        {"TRCK", 12}, {"BEZR", 24}, {"SEGM", 8},  {"FUND", 24}, {"RASC", 24}, {"FREN", 24},
-        {"TUBE", 24}, {"CATW", 24}, {"SCEN", 24}, {"SCOB", 24}};
+        {"TRCK", 12}, {"BEZR", 24}, {"SEGM", 8},  {"FUND", 24}, {"RASC", 24},
+        {"FREN", 24}, {"TUBE", 24}, {"CATW", 24}, {"SCEN", 24}, {"SCOB", 24}};
     for (const auto& [id, offset] : counts) {
-        for (std::int32_t value : {std::numeric_limits<std::int32_t>::max(), -1, 1 << 24}) {
+        for (std::int32_t value : {kMax, -1, 1 << 24}) {
             std::vector<std::uint8_t> bytes = l.bytes;
             SetLong(bytes, l.Offset(id) + offset, value);
             EXPECT_FALSE(Parses(bytes)) << id << " count " << value;
@@ -109,75 +81,58 @@ TEST(TrackFileDamage, HugeCountsAreRefusedBeforeAnythingIsAllocated) {
     }
 }
 
-TEST(TrackFileDamage, BadLengthsInsideRecordsAreRefused) {
-    const Located l = Sample();
-    auto refusedWith = [&](std::size_t at, std::int32_t value) {
-        std::vector<std::uint8_t> bytes = l.bytes;
-        SetLong(bytes, at, value);
-        return !Parses(bytes);
-    };
-    const std::size_t info = l.Offset("INFO") + 8 + 16;
-    EXPECT_TRUE(refusedWith(info, -5)) << "negative string length";
-    EXPECT_TRUE(refusedWith(info, 1 << 30)) << "string longer than the file";
-    const std::size_t rasc = l.Offset("RASC") + 28;
-    EXPECT_TRUE(refusedWith(rasc, std::numeric_limits<std::int32_t>::max())) << "rail connector items";
-    const std::size_t catw = l.Offset("CATW") + 28 + 24;
-    EXPECT_TRUE(refusedWith(catw, -12)) << "negative catwalk bytes";
-    EXPECT_TRUE(refusedWith(catw, 1 << 30)) << "catwalk bytes past the end";
-}
-
-TEST(TrackFileDamage, TerrainGridsMustBeUsable) {
-    const Located l = Sample();
-    const std::size_t tera = l.Offset("TERA") + 8;
-    auto withLong = [&](std::size_t at, std::int32_t value) {
-        std::vector<std::uint8_t> bytes = l.bytes;
-        SetLong(bytes, at, value);
-        return bytes;
-    };
-    EXPECT_FALSE(Parses(withLong(tera, 514))) << "more columns than the undo store holds";
-    EXPECT_FALSE(Parses(withLong(tera + 4, 514)));
-    EXPECT_FALSE(Parses(withLong(tera, 0)));
-    EXPECT_FALSE(Parses(withLong(tera + 4, -3)));
-    EXPECT_FALSE(Parses(withLong(tera + 8, std::bit_cast<std::int32_t>(std::numeric_limits<float>::quiet_NaN()))));
-    EXPECT_FALSE(Parses(withLong(tera + 12, std::bit_cast<std::int32_t>(-2.0f))));
+TEST(TrackFileDamage, BadLengthsGridsAndChunkCountsAreRefusedAndOnlyHarmlessValuesPass) {
+    const LocatedTrack l = Locate(MakeSampleTrack());
     // The first height follows the fixed fields and the three paths.
     const TerrainData t = MakeSampleTerrain(5, 4);
-    const std::size_t firstHeight =
-        tera + 16 + 4 + t.groundTexture.size() + 4 + 4 + t.detailTexture.size() + 4 + 1 + 4 + 4 +
-        t.waterTexture.size() + 4 + 1 + 15;
-    EXPECT_FALSE(Parses(withLong(firstHeight, std::bit_cast<std::int32_t>(std::numeric_limits<float>::infinity()))));
-    EXPECT_TRUE(Parses(withLong(firstHeight, std::bit_cast<std::int32_t>(-9.5f))));
-    // The largest grid is accepted.
-    TrackDocument big = MakeSampleTrack(513, 513);
-    EXPECT_TRUE(Parses(SerializeTrack(big)));
-}
-
-TEST(TrackFileDamage, ChunkCountsThatLieAreHandled) {
-    const Located l = Sample();
-    std::vector<std::uint8_t> more = l.bytes;
-    SetLong(more, 28, 5); // one more top-level chunk than there is
-    EXPECT_FALSE(Parses(more));
-    std::vector<std::uint8_t> huge = l.bytes;
-    SetLong(huge, 28, std::numeric_limits<std::int32_t>::max());
-    EXPECT_FALSE(Parses(huge));
-    std::vector<std::uint8_t> closing = l.bytes;
-    SetLong(closing, l.Offset("INFO") - 4, std::numeric_limits<std::int32_t>::max()); // TRCK's closing count
-    EXPECT_FALSE(Parses(closing));
-    std::vector<std::uint8_t> none = l.bytes;
-    SetLong(none, 28, 0);
-    TrackDocument doc;
-    EXPECT_TRUE(ParseTrack(none, doc)) << "a file declaring no chunks is an empty track";
-    EXPECT_TRUE(doc.bezier.vertices.empty());
-    std::vector<std::uint8_t> negative = l.bytes;
-    SetLong(negative, 28, -4);
-    EXPECT_TRUE(Parses(negative));
-}
-
-TEST(TrackFileDamage, UnknownChunkWithNegativeLengthIsRefused) {
-    std::vector<std::uint8_t> bytes = Sample().bytes;
-    std::memcpy(bytes.data() + 32, "QQQQ", 4);
-    SetLong(bytes, 36, -100);
-    EXPECT_FALSE(Parses(bytes));
-    SetLong(bytes, 36, std::numeric_limits<std::int32_t>::max());
-    EXPECT_FALSE(Parses(bytes)) << "skipped past the end with chunks still to read";
+    const std::ptrdiff_t firstHeight = 8 + 16 + 4 + static_cast<std::ptrdiff_t>(t.groundTexture.size()) + 4 +
+                                       4 + static_cast<std::ptrdiff_t>(t.detailTexture.size()) + 4 + 1 + 4 +
+                                       4 + static_cast<std::ptrdiff_t>(t.waterTexture.size()) + 4 + 1 + 15;
+    struct Patch {
+        const char* chunk; // "" for the file header
+        std::ptrdiff_t at;
+        std::int32_t value;
+        bool accepted;
+        const char* what;
+    };
+    const Patch patches[] = {
+        {"INFO", 24, -5, false, "negative string length"},
+        {"INFO", 24, 1 << 30, false, "string longer than the file"},
+        {"RASC", 28, kMax, false, "rail connector items"},
+        {"CATW", 52, -12, false, "negative catwalk bytes"},
+        {"CATW", 52, 1 << 30, false, "catwalk bytes past the end"},
+        {"TERA", 8, 514, false, "more columns than the undo store holds"},
+        {"TERA", 12, 514, false, "more rows than the undo store holds"},
+        {"TERA", 8, 0, false, "no columns"},
+        {"TERA", 12, -3, false, "negative rows"},
+        {"TERA", 16, std::bit_cast<std::int32_t>(std::numeric_limits<float>::quiet_NaN()), false,
+         "NaN spacing"},
+        {"TERA", 20, std::bit_cast<std::int32_t>(-2.0f), false, "negative spacing"},
+        {"TERA", firstHeight, std::bit_cast<std::int32_t>(std::numeric_limits<float>::infinity()), false,
+         "infinite height"},
+        {"TERA", firstHeight, std::bit_cast<std::int32_t>(-9.5f), true, "an ordinary height"},
+        {"", 28, 5, false, "one more top-level chunk than there is"},
+        {"", 28, kMax, false, "huge top-level chunk count"},
+        {"INFO", -4, kMax, false, "huge closing count of TRCK"},
+        {"", 28, 0, true, "no chunks: an empty track"},
+        {"", 28, -4, true, "a negative chunk count reads nothing"},
+    };
+    for (const Patch& p : patches) {
+        std::vector<std::uint8_t> bytes = l.bytes;
+        const std::size_t base = *p.chunk ? l.Offset(p.chunk) : 0;
+        SetLong(bytes, static_cast<std::size_t>(static_cast<std::ptrdiff_t>(base) + p.at), p.value);
+        TrackDocument doc;
+        EXPECT_EQ(static_cast<bool>(ParseTrack(bytes, doc)), p.accepted) << p.what;
+        if (p.accepted && !*p.chunk) {
+            EXPECT_TRUE(doc.bezier.vertices.empty()) << p.what;
+        }
+    }
+    EXPECT_TRUE(Parses(SerializeTrack(MakeSampleTrack(513, 513)))) << "the largest grid is accepted";
+    // An unknown chunk must carry a length that leaves it within the file.
+    std::vector<std::uint8_t> unknown = l.bytes;
+    std::memcpy(unknown.data() + 32, "QQQQ", 4);
+    for (std::int32_t length : {-100, kMax}) {
+        SetLong(unknown, 36, length);
+        EXPECT_FALSE(Parses(unknown)) << "unknown chunk of length " << length;
+    }
 }

@@ -14,7 +14,7 @@ int CountDifferences(const HeightGrid& a, const HeightGrid& b) {
 
 } // namespace
 
-TEST(AreaClipboard, PastesExactlyTheCopiedSquareElsewhere) {
+TEST(AreaClipboard, PastesExactlyTheCopiedSquareElsewhereAtTheRadiusKeptAtCopyTime) {
     TerrainData t = MakeTerrain(16, 16);
     NumberPoints(t);
     AreaClipboard clipboard;
@@ -29,18 +29,13 @@ TEST(AreaClipboard, PastesExactlyTheCopiedSquareElsewhere) {
     EXPECT_EQ(t.heights.At(13, 12), 807.0f);
     EXPECT_EQ(t.heights.At(11, 9), 604.0f);
     EXPECT_EQ(CountDifferences(before, t.heights), 25);
-}
-
-TEST(AreaClipboard, PasteUsesTheRadiusKeptAtCopyTime) {
-    TerrainData t = MakeTerrain(16, 16, 1.0f);
-    AreaClipboard clipboard;
     clipboard.CopyArea(t, CursorX(t, 8), CursorZ(t, 8), 1);
-    t.heights.Fill(9.0f);
-    EXPECT_EQ(clipboard.PasteArea(t, CursorX(t, 4), CursorZ(t, 4)), (GridRect{3, 3, 5, 5}));
-    EXPECT_EQ(CountDifferences(MakeTerrain(16, 16, 9.0f).heights, t.heights), 9);
+    TerrainData target = MakeTerrain(16, 16, -1.0f);
+    EXPECT_EQ(clipboard.PasteArea(target, CursorX(target, 4), CursorZ(target, 4)), (GridRect{3, 3, 5, 5}));
+    EXPECT_EQ(CountDifferences(MakeTerrain(16, 16, -1.0f).heights, target.heights), 9);
 }
 
-TEST(AreaClipboard, PastingAtTheLowEdgeDropsTheBlocksFarSide) {
+TEST(AreaClipboard, AtTheLowEdgeAPasteDropsTheBlocksFarSideAndAtTheFarEdgeACopyLeavesItsMissingPartZero) {
     TerrainData t = MakeTerrain(16, 16);
     NumberPoints(t);
     AreaClipboard clipboard;
@@ -50,19 +45,13 @@ TEST(AreaClipboard, PastingAtTheLowEdgeDropsTheBlocksFarSide) {
     EXPECT_EQ(target.heights.At(6, 0), 606.0f); // block column 0
     EXPECT_EQ(target.heights.At(6, 2), 608.0f); // block column 2; columns 3 and 4 are dropped
     EXPECT_EQ(target.heights.At(6, 3), -1.0f);
-}
-
-TEST(AreaClipboard, CopyingAtTheFarEdgeKeepsToTheBlockAndLeavesItsMissingPartZero) {
-    TerrainData t = MakeTerrain(16, 16);
-    NumberPoints(t);
-    AreaClipboard clipboard;
     clipboard.CopyArea(t, CursorX(t, 15), CursorZ(t, 5), 2);
     EXPECT_EQ(clipboard.At(0, 0), 313.0f);
     EXPECT_EQ(clipboard.At(2, 4), 715.0f);
     EXPECT_EQ(clipboard.At(3, 0), 0.0f);
     EXPECT_EQ(clipboard.At(4, 4), 0.0f);
     // The area's rows run on to columns - 1 here, but only the block's five are written back.
-    TerrainData target = MakeTerrain(16, 16, -1.0f);
+    target = MakeTerrain(16, 16, -1.0f);
     EXPECT_EQ(clipboard.PasteArea(target, CursorX(target, 15), CursorZ(target, 5)), (GridRect{13, 3, 15, 7}));
     EXPECT_EQ(target.heights.At(7, 15), 715.0f);
     EXPECT_EQ(target.heights.At(8, 15), -1.0f);

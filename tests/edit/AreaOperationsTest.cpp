@@ -47,18 +47,14 @@ TEST(FlipAndMirror, FlipReversesTheRowsOfTheLopsidedArea) {
     EXPECT_EQ(t.heights.At(13, 2), 1402.0f);
 }
 
-TEST(FlipAndMirror, MirrorReversesOnlyTheColumnsInsideTheGrid) {
+TEST(FlipAndMirror, MirrorReversesOnlyTheColumnsInsideTheGridAndEachUndoesItselfWhenAppliedTwice) {
     TerrainData t = MakeTerrain(16, 16);
     NumberPoints(t);
     EXPECT_EQ(Apply(MirrorArea, t, 14, 8, 2), (GridRect{12, 6, 15, 15}));
     EXPECT_EQ(t.heights.At(6, 12), 615.0f);
     EXPECT_EQ(t.heights.At(15, 13), 1514.0f);
     EXPECT_EQ(t.heights.At(5, 12), 512.0f);
-}
-
-TEST(FlipAndMirror, EachUndoesItselfWhenAppliedTwice) {
-    TerrainData t = MakeTerrain(16, 16);
-    NumberPoints(t);
+    // Each undoes itself when applied twice.
     const HeightGrid before = t.heights;
     Apply(FlipArea, t, 7, 7, 3);
     EXPECT_EQ(t.heights.At(4, 7), 1007.0f);
@@ -87,7 +83,7 @@ TEST(Invert, TurnsTheAreaOverWithinItsOwnRange) {
     EXPECT_EQ(flat.heights, MakeTerrain(16, 16, 3.0f).heights);
 }
 
-TEST(Flatten, RelationalGoesToTheMiddleAndAbsoluteToTheBottom) {
+TEST(Flatten, RelationalGoesToTheMiddleAbsoluteToTheBottomOfTheStrokeAreaAcrossTheOperationArea) {
     for (int mode : {0, 1}) {
         TerrainData t = MakeTerrain(16, 16, 4.0f);
         t.heights.At(8, 8) = 10.0f;
@@ -98,9 +94,7 @@ TEST(Flatten, RelationalGoesToTheMiddleAndAbsoluteToTheBottom) {
         EXPECT_EQ(t.heights.At(9, 9), level);
         EXPECT_EQ(t.heights.At(10, 10), 4.0f);
     }
-}
-
-TEST(Flatten, MeasuresTheStrokeAreaButFlattensTheOperationArea) {
+    // The level is measured over the stroke area but the operation area is flattened.
     TerrainData t = MakeTerrain(8, 16);
     t.heights.At(7, 6) = 100.0f; // inside the operation area only
     t.heights.At(3, 5) = 10.0f;

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace {
 
 constexpr int kSquare = 0;
@@ -11,12 +13,6 @@ constexpr int kAbsolute = 1;
 
 GridRect Stroke(TerrainData& t, int column, int row, int mode, int radius, float delta, int tool = kSquare) {
     return ApplySculpt(t, CursorX(t, column), CursorZ(t, row), tool, mode, radius, delta);
-}
-
-float After(float height, int mode, float delta, bool water = false) {
-    TerrainData t = MakeTerrain(4, 4, height, water);
-    Stroke(t, 1, 1, mode, 0, delta);
-    return t.heights.At(1, 1);
 }
 
 } // namespace
@@ -44,54 +40,57 @@ TEST(SculptRelational, RaisingPullsTheAreaUpToItsTopWhichStaysPut) {
     EXPECT_FLOAT_EQ(t.heights.At(6, 6), 10.2f);
 }
 
-TEST(SculptRelational, LoweringPullsTheAreaDownToItsBottomWhichStaysPut) {
+TEST(SculptRelational, LoweringPullsTheAreaDownToItsBottomWhichStaysPutAndAFlatAreaMovesAsAWhole) {
     TerrainData t = MakeTerrain(16, 16, 5.0f);
     t.heights.At(8, 8) = 2.0f;
     Stroke(t, 8, 8, kRelational, 1, -1.0f);
     EXPECT_FLOAT_EQ(t.heights.At(7, 7), 4.6f); // (5 - 2) * -0.1 + 5 - 0.1
     EXPECT_EQ(t.heights.At(8, 8), 2.0f);
     EXPECT_EQ(t.heights.At(8, 10), 5.0f);
-}
-
-TEST(SculptRelational, AFlatAreaMovesAsAWhole) {
-    TerrainData t = MakeTerrain(16, 16, 3.0f);
-    Stroke(t, 8, 8, kRelational, 1, 2.0f);
+    TerrainData flat = MakeTerrain(16, 16, 3.0f);
+    Stroke(flat, 8, 8, kRelational, 1, 2.0f);
     for (int z = 7; z <= 9; ++z)
         for (int x = 7; x <= 9; ++x)
-            EXPECT_FLOAT_EQ(t.heights.At(z, x), 3.6f); // top lifted to 5
-    EXPECT_EQ(t.heights.At(6, 8), 3.0f);
-    EXPECT_FLOAT_EQ(After(3.0f, kRelational, -2.0f), 2.4f); // bottom lowered to 1
+            EXPECT_FLOAT_EQ(flat.heights.At(z, x), 3.6f); // top lifted to 5
+    EXPECT_EQ(flat.heights.At(6, 8), 3.0f);
 }
 
-TEST(SculptRelational, ARadiusOfZeroRisesByDeltaTimesKPlusKUpToDelta) {
-    EXPECT_FLOAT_EQ(After(4.0f, kRelational, 2.0f), 4.6f);   // 4 + 2 * 0.2 + 0.2
-    EXPECT_FLOAT_EQ(After(4.0f, kRelational, 20.0f), 24.0f); // 4 + 20 * 2 + 2, capped at 4 + 20
+TEST(SculptStep, EachModeMovesAPointByItsRuleAndStopsOnlyAtTheBoundItCouldCross) {
+    // Height, mode, delta, water, expected height after one step at radius 0.
+    const std::tuple<float, int, float, bool, float, const char*> cases[] = {
+        {4.0f, kRelational, 2.0f, false, 4.6f, "radius 0 rises by delta * k + k: 4 + 2 * 0.2 + 0.2"},
+        {4.0f, kRelational, 20.0f, false, 24.0f, "4 + 20 * 2 + 2, capped at 4 + 20"},
+        {3.0f, kRelational, -2.0f, false, 2.4f, "a flat point lowers towards 3 - 2"},
+        {149.0f, kRelational, 5.0f, false, 150.0f, "the ceiling"},
+        {-5.0f, kRelational, 1.0f, false, -4.8f, "raising never lifts to the floor"},
+        {1.0f, kRelational, -5.0f, false, 0.0f, "the floor without water"},
+        {1.0f, kRelational, -5.0f, true, -2.0f, "above the floor with water"},
+        {-8.0f, kRelational, -5.0f, true, -10.0f, "the floor with water"},
+        {200.0f, kRelational, -1.0f, false, 199.8f, "lowering never cuts to the ceiling"},
+        {148.0f, kAbsolute, 5.0f, false, 150.0f, "absolute: the ceiling"},
+        {3.0f, kAbsolute, -5.0f, false, 0.0f, "absolute: the floor without water"},
+        {3.0f, kAbsolute, -5.0f, true, -2.0f, "absolute: the full step with water"},
+        {-8.0f, kAbsolute, -5.0f, true, -10.0f, "absolute: the floor with water"},
+        {7.0f, kAbsolute, 2.5f, false, 9.5f, "absolute: the full step"},
+    };
+    for (const auto& [height, mode, delta, water, expected, what] : cases) {
+        TerrainData t = MakeTerrain(4, 4, height, water);
+        Stroke(t, 1, 1, mode, 0, delta);
+        EXPECT_FLOAT_EQ(t.heights.At(1, 1), expected) << what;
+    }
 }
 
-TEST(SculptLimits, EachPathStopsOnlyAtTheBoundItCouldCross) {
-    EXPECT_EQ(After(149.0f, kRelational, 5.0f), 150.0f);
-    EXPECT_FLOAT_EQ(After(-5.0f, kRelational, 1.0f), -4.8f); // raising never lifts to the floor
-    EXPECT_EQ(After(1.0f, kRelational, -5.0f), 0.0f);
-    EXPECT_EQ(After(1.0f, kRelational, -5.0f, true), -2.0f);
-    EXPECT_EQ(After(-8.0f, kRelational, -5.0f, true), -10.0f);
-    EXPECT_FLOAT_EQ(After(200.0f, kRelational, -1.0f), 199.8f); // lowering never cuts to the ceiling
-}
-
-TEST(SculptLimits, AbsoluteStepsKeepBetweenTheFloorAndTheCeiling) {
-    EXPECT_EQ(After(148.0f, kAbsolute, 5.0f), 150.0f);
-    EXPECT_EQ(After(3.0f, kAbsolute, -5.0f), 0.0f);
-    EXPECT_EQ(After(3.0f, kAbsolute, -5.0f, true), -2.0f);
-    EXPECT_EQ(After(-8.0f, kAbsolute, -5.0f, true), -10.0f);
-    EXPECT_EQ(After(7.0f, kAbsolute, 2.5f), 9.5f);
-}
-
-TEST(SculptTools, PyramidAndCurveChangeNothing) {
+TEST(SculptStep, PyramidAndCurveToolsAnEmptyGridOrAStepThatIsNotANumberChangeNothing) {
     for (int tool : {1, 2}) {
         TerrainData t = MakeTerrain(8, 8, 1.0f);
-        const HeightGrid before = t.heights;
         EXPECT_TRUE(Stroke(t, 4, 4, kAbsolute, 2, 3.0f, tool).Empty());
-        EXPECT_EQ(t.heights, before);
+        EXPECT_EQ(t.heights, MakeTerrain(8, 8, 1.0f).heights) << "tool " << tool;
     }
+    TerrainData empty;
+    EXPECT_TRUE(ApplySculpt(empty, 0.0f, 0.0f, kSquare, kAbsolute, 2, 1.0f).Empty());
+    TerrainData t = MakeTerrain(8, 8, 1.0f);
+    EXPECT_TRUE(Stroke(t, 4, 4, kRelational, 2, std::nanf("")).Empty());
+    EXPECT_TRUE(AllFinite(t));
 }
 
 TEST(SculptArea, IsClippedAtEveryCornerOfTheGrid) {
@@ -104,12 +103,4 @@ TEST(SculptArea, IsClippedAtEveryCornerOfTheGrid) {
     EXPECT_EQ(Stroke(t, 15, 15, kAbsolute, 5, 1.0f), (GridRect{10, 10, 15, 15}));
     // A cursor beyond the grid acts on the nearest edge point.
     EXPECT_EQ(Stroke(t, 40, -3, kAbsolute, 1, 1.0f), (GridRect{14, 0, 15, 1}));
-}
-
-TEST(SculptArea, AnEmptyGridOrAStepThatIsNotANumberChangesNothing) {
-    TerrainData empty;
-    EXPECT_TRUE(ApplySculpt(empty, 0.0f, 0.0f, kSquare, kAbsolute, 2, 1.0f).Empty());
-    TerrainData t = MakeTerrain(8, 8, 1.0f);
-    EXPECT_TRUE(Stroke(t, 4, 4, kRelational, 2, std::nanf("")).Empty());
-    EXPECT_TRUE(AllFinite(t));
 }

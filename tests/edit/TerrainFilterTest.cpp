@@ -24,16 +24,13 @@ TEST(FilterInPlace, LaterPointsSeeTheNewValuesOfEarlierOnes) {
     EXPECT_FLOAT_EQ(t.heights.At(5, 6), 0.64f); // (0.4 + 2.8) / 5
 }
 
-TEST(FilterPresets, LeaveFlatZeroGroundAlone) {
+TEST(FilterPresets, LeaveFlatZeroGroundAloneAndTreatThePointsBeyondTheEdgeAsZero) {
     for (int preset = 0; preset < 6; ++preset) {
         TerrainData t = MakeTerrain(8, 8);
         FilterWhole(t, preset);
         EXPECT_EQ(t.heights, MakeTerrain(8, 8).heights)
             << FilterPresets()[static_cast<std::size_t>(preset)].text;
     }
-}
-
-TEST(FilterPresets, TreatThePointsBeyondTheEdgeAsZero) {
     TerrainData t = MakeTerrain(8, 8, 5.0f);
     FilterWhole(t, kSoften);
     EXPECT_FLOAT_EQ(t.heights.At(0, 0), 35.0f / 9.0f);
@@ -66,19 +63,17 @@ TEST(FilterWholePass, StopsItsColumnsAtTheRowCount) {
     EXPECT_EQ(tall.heights, MakeTerrain(4, 6, 15.0f).heights);
 }
 
-TEST(FilterArea, ChangesOnlyTheOperationArea) {
+TEST(FilterArea, ChangesOnlyTheOperationAreaAndAZeroFactorOrAnUnknownPresetChangesNothing) {
     TerrainData t = MakeTerrain(16, 16, 10.0f);
     const GridRect area = FilterTerrain(t, PresetMatrix(kRaise), true, CursorX(t, 8), CursorZ(t, 8), 1);
     EXPECT_EQ(area, (GridRect{7, 7, 9, 9}));
     EXPECT_EQ(t.heights.At(7, 9), 15.0f);
     EXPECT_EQ(t.heights.At(6, 8), 10.0f);
     EXPECT_EQ(t.heights.At(8, 10), 10.0f);
-}
-
-TEST(FilterArea, AFactorOfZeroOrAnUnknownPresetChangesNothing) {
-    TerrainData t = MakeTerrain(8, 8, 3.0f);
+    // A factor of zero or an unknown preset changes nothing.
+    const HeightGrid before = t.heights;
     EXPECT_TRUE(FilterWhole(t, 6).Empty());
     EXPECT_TRUE(FilterTerrain(t, FilterMatrix{{1, 1, 1, 1, 1, 1, 1, 1, 1}, 0}, true, 0.0f, 0.0f, 2).Empty());
-    EXPECT_EQ(t.heights, MakeTerrain(8, 8, 3.0f).heights);
+    EXPECT_EQ(t.heights, before);
     EXPECT_EQ(PresetMatrix(-1), FilterMatrix{});
 }

@@ -27,20 +27,7 @@ TEST(UndoHistory, KeepsTheNewestTwentyStepsAndDropsTheOldest) {
     EXPECT_EQ(history.RedoCount(), 20);
 }
 
-TEST(UndoHistory, RedoPutsBackTheGridAsItWasBeforeTheUndo) {
-    UndoHistory history;
-    HeightGrid grid = Grid(1.0f);
-    history.PushUndo(grid);
-    grid.At(2, 3) = 7.5f;
-    const HeightGrid edited = grid;
-    ASSERT_TRUE(history.Undo(grid));
-    EXPECT_EQ(grid, Grid(1.0f));
-    ASSERT_TRUE(history.Redo(grid));
-    EXPECT_EQ(grid, edited);
-    EXPECT_FALSE(history.Redo(grid));
-}
-
-TEST(UndoHistory, AnEditAfterAnUndoKeepsTheRedoStep) {
+TEST(UndoHistory, RedoPutsBackTheUndoneGridAnEditAfterAnUndoKeepsTheRedoStepAndResetForgetsAll) {
     UndoHistory history;
     HeightGrid grid = Grid(1.0f);
     history.PushUndo(grid);
@@ -49,11 +36,19 @@ TEST(UndoHistory, AnEditAfterAnUndoKeepsTheRedoStep) {
     history.PushUndo(grid);
     grid.Fill(3.0f);
     ASSERT_TRUE(history.Redo(grid));
+    EXPECT_EQ(grid, Grid(2.0f)) << "redo puts back the grid as it was before the undo";
+    EXPECT_FALSE(history.Redo(grid)) << "nothing more to redo";
     EXPECT_EQ(grid, Grid(2.0f));
     ASSERT_TRUE(history.Undo(grid));
     EXPECT_EQ(grid, Grid(3.0f));
     ASSERT_TRUE(history.Undo(grid));
     EXPECT_EQ(grid, Grid(1.0f));
+    history.Redo(grid);
+    ASSERT_TRUE(history.CanUndo() && history.CanRedo());
+    history.Reset();
+    EXPECT_FALSE(history.CanUndo());
+    EXPECT_FALSE(history.CanRedo());
+    EXPECT_FALSE(history.Redo(grid));
 }
 
 TEST(UndoHistory, RestoresOnlyTheOverlapOfAStepOfOtherSize) {
@@ -77,16 +72,4 @@ TEST(UndoHistory, RestoresOnlyTheOverlapOfAStepOfOtherSize) {
     EXPECT_EQ(wide.At(1, 2), -1.0f);
     EXPECT_EQ(wide.At(1, 3), 13.0f);
     EXPECT_EQ(wide.At(0, 4), 4.0f);
-}
-
-TEST(UndoHistory, ResetForgetsEveryStep) {
-    UndoHistory history;
-    HeightGrid grid = Grid(1.0f);
-    history.PushUndo(grid);
-    history.Undo(grid);
-    history.PushUndo(grid);
-    history.Reset();
-    EXPECT_FALSE(history.CanUndo());
-    EXPECT_FALSE(history.CanRedo());
-    EXPECT_FALSE(history.Redo(grid));
 }

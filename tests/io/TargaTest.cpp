@@ -23,29 +23,20 @@ void ExpectRefused(const std::vector<std::uint8_t>& bytes, const char* what) {
 
 } // namespace
 
-TEST(SaveTGA, WritesHeaderRowsBottomFirstAndOneTrailingZero) {
+TEST(SaveTGA, WritesHeaderRowsBottomFirstAndOneTrailingZeroRefusesWhatItCannotWriteAndReplacesOldFiles) {
     ScratchFolder folder;
     cDIBSection image = MakePattern(3, 2, 5);
     std::string error;
     ASSERT_TRUE(SaveTGA(folder.File("p.tga"), image, error)) << error;
     const std::vector<std::uint8_t> bytes = ReadBytes(folder.File("p.tga"));
     ASSERT_EQ(bytes.size(), 37u);
-    EXPECT_EQ(bytes[2], 2); // uncompressed true colour
-    EXPECT_EQ(bytes[12] | bytes[13] << 8, 3);
-    EXPECT_EQ(bytes[14] | bytes[15] << 8, 2);
-    EXPECT_EQ(bytes[16], 24);
-    EXPECT_EQ(bytes[17], 0); // rows bottom-up
-    for (int i : {0, 1, 3, 4, 5, 6, 7, 8, 9, 10, 11})
-        EXPECT_EQ(bytes[i], 0) << "header byte " << i;
+    EXPECT_EQ(std::vector<std::uint8_t>(bytes.begin(), bytes.begin() + 18), TargaHeader(2, 3, 2, 24))
+        << "uncompressed true colour, rows bottom-up, every other header byte zero";
     // Padding of the 9-byte rows to 12 in memory must not reach the file.
     EXPECT_TRUE(std::equal(image.Row(0), image.Row(0) + 9, bytes.begin() + 18));
     EXPECT_TRUE(std::equal(image.Row(1), image.Row(1) + 9, bytes.begin() + 27));
     EXPECT_EQ(bytes.back(), 0);
-}
-
-TEST(SaveTGA, RefusesWhatItCannotWriteAndReplacesOldFiles) {
-    ScratchFolder folder;
-    std::string error;
+    // What it cannot write is refused with a reason; an old file is replaced whole.
     const std::vector<std::uint8_t> rows(12, 7);
     EXPECT_FALSE(SaveTGA(folder.File("a.tga"), rows, 0, 1, error));
     EXPECT_FALSE(SaveTGA(folder.File("a.tga"), rows, 70000, 1, error));
@@ -55,7 +46,6 @@ TEST(SaveTGA, RefusesWhatItCannotWriteAndReplacesOldFiles) {
     error.clear();
     EXPECT_FALSE(SaveTGA(folder.File("missing/a.tga"), rows, 2, 2, error));
     EXPECT_FALSE(error.empty());
-
     WriteBytes(folder.File("old.tga"), std::vector<std::uint8_t>(500, 1));
     ASSERT_TRUE(SaveTGA(folder.File("old.tga"), rows, 2, 2, error)) << error;
     EXPECT_EQ(ReadBytes(folder.File("old.tga")).size(), 18u + 12u + 1u);
@@ -80,7 +70,7 @@ TEST(TargaReader, UncompressedRunLengthAnd32BitTwinsLoadToTheSamePixels) {
     EXPECT_LT(ReadBytes(folder.File("runs.tga")).size(), ReadBytes(folder.File("plain.tga")).size());
 }
 
-TEST(TargaReader, HonoursTopDownRowsAndSkipsTheIdentificationField) {
+TEST(TargaReader, HonoursTopDownRowsSkipsTheIdentificationFieldAndStopsRunsAtThePicturesEnd) {
     const cDIBSection original = MakePattern(4, 3, 8);
     std::vector<std::uint8_t> topDown = TargaHeader(2, 4, 3, 24, 0x20);
     for (int row = original.Height() - 1; row >= 0; --row)
@@ -88,20 +78,15 @@ TEST(TargaReader, HonoursTopDownRowsAndSkipsTheIdentificationField) {
     cDIBSection loaded;
     ASSERT_TRUE(DecodeTarga(topDown, loaded));
     EXPECT_TRUE(SamePixels(loaded, original));
-
     std::vector<std::uint8_t> withId = TargaHeader(2, 4, 3, 24);
     withId[0] = 5;
     withId.insert(withId.end(), {'h', 'e', 'l', 'l', 'o'});
     withId = Joined(withId, PixelsOf(original, 3));
     ASSERT_TRUE(DecodeTarga(withId, loaded));
     EXPECT_TRUE(SamePixels(loaded, original));
-}
-
-TEST(TargaReader, RunsReachingPastThePictureStopAtItsEnd) {
     // 3 x 1 pixels: one raw pixel, then a repeat packet of 10 where 2 are wanted.
     std::vector<std::uint8_t> bytes = TargaHeader(10, 3, 1, 24);
     bytes.insert(bytes.end(), {0, 1, 2, 3, 128 + 9, 9, 8, 7});
-    cDIBSection loaded;
     ASSERT_TRUE(DecodeTarga(bytes, loaded));
     const std::uint8_t* p = loaded.Row(0);
     EXPECT_EQ(std::vector<std::uint8_t>(p, p + 9), (std::vector<std::uint8_t>{1, 2, 3, 9, 8, 7, 9, 8, 7}));
@@ -113,18 +98,14 @@ TEST(TargaReader, RunsReachingPastThePictureStopAtItsEnd) {
     EXPECT_EQ(loaded.Row(0)[3], 2);
 }
 
-TEST(TargaReader, RefusesUnsupportedKinds) {
-    const cDIBSection picture = MakePattern(4, 4, 3);
+TEST(TargaReader, RefusesUnsupportedKindsTruncatedAndOversizedFilesLeavingThePictureAlone) {
+    const cDIBSection picture = MakePattern(5, 4, 4);
     for (std::uint8_t bits : {8, 15, 16, 40}) {
-        const std::vector<std::uint8_t> pixels(4 * 4 * 5, 0x55);
-        ExpectRefused(Joined(TargaHeader(2, 4, 4, bits), pixels), "bits per pixel");
+        const std::vector<std::uint8_t> pixels(5 * 4 * 5, 0x55);
+        ExpectRefused(Joined(TargaHeader(2, 5, 4, bits), pixels), "bits per pixel");
     }
     for (std::uint8_t type : {0, 1, 3, 9, 11, 32})
-        ExpectRefused(Joined(TargaHeader(type, 4, 4, 24), PixelsOf(picture, 3)), "type");
-}
-
-TEST(TargaReader, RefusesTruncatedAndOversizedFiles) {
-    const cDIBSection picture = MakePattern(5, 4, 4);
+        ExpectRefused(Joined(TargaHeader(type, 5, 4, 24), PixelsOf(picture, 3)), "type");
     const std::vector<std::uint8_t> plain = Joined(TargaHeader(2, 5, 4, 24), PixelsOf(picture, 3));
     const std::vector<std::uint8_t> runs =
         Joined(TargaHeader(10, 5, 4, 24), EncodeRuns(PixelsOf(picture, 3), 3));

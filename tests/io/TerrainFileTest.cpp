@@ -1,5 +1,5 @@
-#include "SampleTrack.h"
 #include "TerrainFile.h"
+#include "SampleTrack.h"
 #include "TestSupport.h"
 #include "TrackFile.h"
 
@@ -7,16 +7,13 @@
 
 #include <algorithm>
 
-TEST(TerrainFile, IsTheTerrainChunkOfATrackByteForByte) {
+TEST(TerrainFile, IsTheTerrainChunkOfATrackAndAnExportImportsWithEveryValue) {
     const TrackDocument doc = MakeSampleTrack(11, 6);
     const std::vector<std::uint8_t> track = SerializeTrack(doc);
     const std::vector<std::uint8_t> terrain = SerializeTerrainFile(doc.terrain);
     ASSERT_GE(terrain.size(), 8u);
     EXPECT_EQ(std::string(terrain.begin(), terrain.begin() + 4), "TERA");
     EXPECT_NE(std::search(track.begin(), track.end(), terrain.begin(), terrain.end()), track.end());
-}
-
-TEST(TerrainFile, ExportThenImportKeepsEveryValue) {
     ScratchFolder folder;
     TerrainRecord record;
     record.terrain = MakeSampleTerrain(13, 9);

@@ -16,45 +16,31 @@ void Touch(const fs::path& file) {
     WriteBytes(file.string(), {1});
 }
 
-std::string Folder(const ScratchFolder& home) {
-    return home.Path().string() + "/";
-}
-
 } // namespace
 
-TEST(TexturePath, BackslashesBecomeFoldersUnderTheProgramFolder) {
+TEST(TexturePath, ResolvesUnderTheProgramFolderMatchingCaseOnlyWhenTheExactNameIsMissing) {
     ScratchFolder home;
+    const std::string folder = home.Path().string() + "/";
     Touch(home.Path() / "teratextures" / "rocks" / "Grey.jpg");
-    const auto resolved = ResolveTexturePath(Folder(home), "teratextures\\rocks\\Grey.jpg");
+    const auto resolved = ResolveTexturePath(folder, "teratextures\\rocks\\Grey.jpg");
     ASSERT_TRUE(resolved.has_value());
     EXPECT_TRUE(fs::equivalent(*resolved, home.Path() / "teratextures" / "rocks" / "Grey.jpg"));
     // Forward slashes and a program folder without its final "/" work as well.
     const auto forward = ResolveTexturePath(home.Path().string(), "teratextures/rocks/Grey.jpg");
     ASSERT_TRUE(forward.has_value());
     EXPECT_TRUE(fs::equivalent(*forward, *resolved));
-}
-
-TEST(TexturePath, NamesDifferingInCaseAreFoundWhenTheExactOneIsMissing) {
-    ScratchFolder home;
-    Touch(home.Path() / "TeraTextures" / "grassterrain.JPG");
-    const auto resolved = ResolveTexturePath(Folder(home), "teratextures\\GrassTerrain.jpg");
-    ASSERT_TRUE(resolved.has_value());
-    EXPECT_EQ(fs::path(*resolved), home.Path() / "TeraTextures" / "grassterrain.JPG");
-    EXPECT_TRUE(FileExists(*resolved));
-
-    // Where the exact name exists it wins over another spelling.
-    Touch(home.Path() / "TeraTextures" / "GrassTerrain.jpg");
-    EXPECT_EQ(fs::path(*ResolveTexturePath(Folder(home), "TeraTextures\\GrassTerrain.jpg")),
-              home.Path() / "TeraTextures" / "GrassTerrain.jpg");
-}
-
-TEST(TexturePath, AMissingFileResolvesToThePathAsWritten) {
-    ScratchFolder home;
-    Touch(home.Path() / "teratextures" / "Other.jpg");
-    const auto resolved = ResolveTexturePath(Folder(home), "teratextures\\sub\\Absent.jpg");
-    ASSERT_TRUE(resolved.has_value());
-    EXPECT_EQ(fs::path(*resolved), home.Path() / "teratextures" / "sub" / "Absent.jpg");
-    EXPECT_FALSE(FileExists(*resolved));
+    // Another spelling is found while the exact one is missing, and loses to it once it exists.
+    Touch(home.Path() / "Ground" / "grassterrain.JPG");
+    EXPECT_EQ(fs::path(ResolveTexturePath(folder, "ground\\GrassTerrain.jpg").value_or("")),
+              home.Path() / "Ground" / "grassterrain.JPG");
+    Touch(home.Path() / "Ground" / "GrassTerrain.jpg");
+    EXPECT_EQ(fs::path(ResolveTexturePath(folder, "Ground\\GrassTerrain.jpg").value_or("")),
+              home.Path() / "Ground" / "GrassTerrain.jpg");
+    // A missing file resolves to the path as written.
+    const auto absent = ResolveTexturePath(folder, "teratextures\\sub\\Absent.jpg");
+    ASSERT_TRUE(absent.has_value());
+    EXPECT_EQ(fs::path(*absent), home.Path() / "teratextures" / "sub" / "Absent.jpg");
+    EXPECT_FALSE(FileExists(*absent));
 }
 
 TEST(TexturePath, AbsolutePathsAreRefused) {
