@@ -2,6 +2,7 @@
 
 #include "Editor.h"
 #include "PathUtil.h"
+#include "TexturePath.h"
 
 #include <algorithm>
 #include <charconv>
@@ -77,7 +78,7 @@ void StartNewGrid(Editor& editor, GridSize size) {
 bool TexturesAcceptable(Shell& shell, const TerrainSettingsValues& values) {
     std::string lines;
     const auto check = [&lines](const std::string& path, const char* which) {
-        if (!path.empty() && !IsTexturePathValid(path)) lines += InvalidTextureLine(which);
+        if (!path.empty() && !IsRelativeTexturePath(path)) lines += InvalidTextureLine(which);
     };
     check(values.groundTexture, "Ground");
     check(values.detailTexture, "Detail");
@@ -160,13 +161,6 @@ GridSize RequestedTerrainSize(const TerrainSettingsValues& values, const Terrain
         break;
     }
     return {kNormalDetailSide, kNormalDetailSide};
-}
-
-bool IsTexturePathValid(const std::string& path) {
-    if (path.empty() || path.front() == '/' || path.front() == '\\') return false;
-    const bool driveLetter = path.size() >= 2 && path[1] == ':' &&
-                             ((path[0] >= 'A' && path[0] <= 'Z') || (path[0] >= 'a' && path[0] <= 'z'));
-    return !driveLetter;
 }
 
 std::optional<std::string> StoredTexturePath(const std::string& chosen, const std::string& programFolder) {

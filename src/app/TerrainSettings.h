@@ -93,10 +93,6 @@ TerrainStructure StructureForSize(int columns, int rows);
 // that yields no usable size falls back to the normal structure.
 GridSize RequestedTerrainSize(const TerrainSettingsValues& values, const TerrainModel& model);
 
-// False for an empty path and for an absolute one (a drive letter, or a leading "/" or "\"):
-// textures must lie below the program folder.
-bool IsTexturePathValid(const std::string& path);
-
 // A file chosen in the open dialog as the stored relative path: the program folder removed
 // (ignoring case) and "/" turned into "\". Nothing when the file is not below the program folder.
 std::optional<std::string> StoredTexturePath(const std::string& chosen, const std::string& programFolder);

@@ -1,6 +1,7 @@
 #include "frmTeraSettings.h"
 
 #include "Editor.h"
+#include "TexturePath.h"
 #include "WidgetShell.h"
 #include "frmTeraCustom.h"
 
@@ -289,7 +290,7 @@ void frmTeraSettings::btnTexture_Click(QLineEdit* box, const char* which, std::s
 }
 
 void frmTeraSettings::txtTexture_Change(QLineEdit* box) {
-    const bool valid = IsTexturePathValid(ToFileText(box->text()));
+    const bool valid = IsRelativeTexturePath(ToFileText(box->text()));
     QPalette palette = box->palette();
     const QColor normal = QApplication::palette(box).color(QPalette::Active, QPalette::Text);
     for (const auto group : {QPalette::Active, QPalette::Inactive})
