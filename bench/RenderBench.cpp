@@ -1,10 +1,16 @@
 // Frame times of the 3D view under the real GL driver, at 1024 x 768: the demo scene with terrains
 // of 205, 409 and 513 points per side, from the camera's start position and from a high overview,
-// drawing every cell or only the blocks the camera can see; and the time to rebuild the whole mesh.
-// Run under a display (xvfb-run -a build/bench/bench_render).
+// drawing every cell one call at a time or only the visible blocks from the mesh's block arrays;
+// the ground plain (as earlier figures were taken) and textured (as the program shows it); the
+// time to rebuild the whole mesh and to refresh it after one sculpt step.
+// Run under a display (xvfb-run -a build/bench/bench_render). Real time is the measure. The CPU
+// column is the whole process, the GL driver's rasteriser threads included; with Mesa's llvmpipe,
+// LP_NUM_THREADS=0 rasterises on the calling thread, which gives steadier figures on a busy
+// machine.
 #include "DemoTrack.h"
 #include "Editor.h"
 #include "ScriptedShellForBench.h"
+#include "mPictureLoader.h"
 #include "pbOpenGL.h"
 
 #include <QApplication>
@@ -50,27 +56,30 @@ pbOpenGL& View() {
 }
 
 // range(0): side; range(1): 0 start position, 1 overview, 2 looking up at the sky from the centre
-// (what a frame costs when no terrain is in view); range(2): 1 culled blocks, 0 every cell;
-// range(3): 1 the whole scene, 0 the terrain alone.
+// (what a frame costs when no terrain is in view); range(2): 1 visible blocks from the block
+// arrays, 0 every cell one call at a time; range(3): 1 the whole scene, 0 the terrain alone;
+// range(4): 1 textured ground and water, 0 plain colours.
 void Frame(benchmark::State& state) {
     Scene& scene = SceneOf(static_cast<int>(state.range(0)));
     AppSettings& s = scene.editor.settings;
     s.viewWater = s.viewTrack = s.viewSupports = s.viewTrees = state.range(3) == 1;
+    s.viewTextures = state.range(4) == 1;
     pbOpenGL& view = View();
     view.SetEditor(&scene.editor);
     if (state.range(1) == 1) scene.editor.camera = {0.0f, 330.0f, 480.0f, -38.0f, 0.0f, 0.0f};
     else if (state.range(1) == 2) scene.editor.camera = {0.0f, 10.0f, 0.0f, 70.0f, 0.0f, 0.0f};
     else scene.editor.ResetView();
     view.Options().cullBlocks = state.range(2) == 1;
-    view.makeCurrent();
     view.RequestTextureReload();
-    view.update();
+    // A frame drawn by the widget itself loads the textures.
+    view.repaint();
     QApplication::processEvents();
     view.makeCurrent();
     for (auto _ : state) {
         RenderScene(scene.editor, view.ViewState(), view.Options());
         glFinish();
     }
+    state.counters["textured"] = view.ViewState().terrainTexture != 0 && s.viewTextures ? 1 : 0;
     view.doneCurrent();
 }
 
@@ -83,23 +92,51 @@ void RebuildMesh(benchmark::State& state) {
     }
 }
 
+// What one sculpt step costs the mesh: the heights of a 13 x 13 point square refreshed, at a new
+// place each time.
+void RefreshSculptedArea(benchmark::State& state) {
+    const int side = static_cast<int>(state.range(0));
+    Scene& scene = SceneOf(side);
+    RenderMesh mesh;
+    mesh.Build(scene.editor.terrain);
+    int step = 0;
+    for (auto _ : state) {
+        const int column = 6 + (step * 37) % (side - 12);
+        const int row = 6 + (step * 53) % (side - 12);
+        mesh.UpdateArea(scene.editor.terrain, column - 6, row - 6, column + 6, row + 6);
+        benchmark::DoNotOptimize(mesh.Blocks().data());
+        ++step;
+    }
+}
+
 } // namespace
 
 BENCHMARK(Frame)
-    ->ArgNames({"side", "overview", "culled", "scene"})
-    ->ArgsProduct({{205, 409, 513}, {0, 1}, {0, 1}, {1}})
+    ->ArgNames({"side", "overview", "culled", "scene", "textured"})
+    ->ArgsProduct({{205, 409, 513}, {0, 1}, {0, 1}, {1}, {0}})
     ->Unit(benchmark::kMillisecond)
+    ->MeasureProcessCPUTime()
     ->UseRealTime();
 BENCHMARK(Frame)
-    ->ArgNames({"side", "overview", "culled", "scene"})
-    ->ArgsProduct({{513}, {0, 2}, {0, 1}, {0}})
+    ->ArgNames({"side", "overview", "culled", "scene", "textured"})
+    ->ArgsProduct({{513}, {0, 2}, {0, 1}, {0}, {0}})
     ->Unit(benchmark::kMillisecond)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime();
+BENCHMARK(Frame)
+    ->ArgNames({"side", "overview", "culled", "scene", "textured"})
+    ->ArgsProduct({{513}, {0}, {0, 1}, {1}, {1}})
+    ->Unit(benchmark::kMillisecond)
+    ->MeasureProcessCPUTime()
     ->UseRealTime();
 BENCHMARK(RebuildMesh)->Arg(205)->Arg(409)->Arg(513)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(RefreshSculptedArea)->Arg(513)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
 int main(int argc, char** argv) {
     SetDefaultViewFormat();
     QApplication app(argc, argv);
+    // As the main window does, so that the ground and water textures load.
+    InstallQtPictureDecoder();
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

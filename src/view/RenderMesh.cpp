@@ -24,27 +24,34 @@ void RenderMesh::Build(const TerrainData& terrain) {
         return;
     }
     const std::size_t points = static_cast<std::size_t>(columns_ + 1) * static_cast<std::size_t>(rows_ + 1);
-    vertices_.assign(points, Vector3{});
-    groundUV_.assign(points, TexCoord{});
-    waterUV_.assign(points, TexCoord{});
-    normals_.assign(static_cast<std::size_t>(rows_ + 1) * NormalStride(), Vector3{});
+    // Resized, not refilled: every point is written below.
+    vertices_.resize(points);
+    groundUV_.resize(points);
+    waterUV_.resize(points);
     const double groundX = RepeatPoints(columns_, terrain.groundTiling);
     const double groundZ = RepeatPoints(rows_, terrain.groundTiling);
     const double waterX = RepeatPoints(columns_, terrain.waterTiling);
     const double waterZ = RepeatPoints(rows_, terrain.waterTiling);
     const double halfX = 0.5 * (columns_ - 1);
     const double halfZ = 0.5 * (rows_ - 1);
-    for (int row = 0; row < rows_; ++row) {
+    for (int row = 0; row <= rows_; ++row) {
         const auto z = static_cast<float>(terrain.spacingZ * (row - halfZ));
-        for (int column = 0; column < columns_; ++column) {
+        for (int column = 0; column <= columns_; ++column) {
             const std::size_t i = PointIndex(column, row);
+            // The extra row and column stay at the origin with no texture offset.
+            if (row == rows_ || column == columns_) {
+                vertices_[i] = {};
+                groundUV_[i] = waterUV_[i] = {};
+                continue;
+            }
             vertices_[i] = {static_cast<float>(terrain.spacingX * (column - halfX)), terrain.heights.At(row, column), z};
             groundUV_[i] = {static_cast<float>(column / groundX), static_cast<float>(row / groundZ)};
             waterUV_[i] = {static_cast<float>(column / waterX), static_cast<float>(row / waterZ)};
         }
     }
-    UpdateNormals(1, 0, columns_ - 1, rows_ - 2);
     BuildBlocks();
+    BuildArrays();
+    UpdateNormals(1, 0, columns_ - 1, rows_ - 2);
 }
 
 void RenderMesh::UpdateArea(const TerrainData& terrain, int firstColumn, int firstRow, int lastColumn, int lastRow) {
@@ -69,6 +76,7 @@ void RenderMesh::UpdateArea(const TerrainData& terrain, int firstColumn, int fir
             c.firstRow <= lastRow)
             UpdateBlockBounds(block);
     }
+    RefreshArrays(firstColumn, firstRow, lastColumn, lastRow);
 }
 
 void RenderMesh::UpdateNormals(int firstColumn, int firstRow, int lastColumn, int lastRow) {
@@ -78,15 +86,15 @@ void RenderMesh::UpdateNormals(int firstColumn, int firstRow, int lastColumn, in
             const Vector3& b = Vertex(column, row);
             const Vector3& c = Vertex(column - 1, row + 1);
             const Vector3& d = Vertex(column, row + 1);
-            const std::size_t at = static_cast<std::size_t>(row) * NormalStride() + 2 * static_cast<std::size_t>(column);
-            FaceNormal(normals_[at], b, a, d);
-            FaceNormal(normals_[at + 1], a, c, d);
+            FaceNormal(ground_[NormalSlot(column, row, 0)].normal, b, a, d);
+            FaceNormal(ground_[NormalSlot(column, row, 1)].normal, a, c, d);
         }
     }
 }
 
 void RenderMesh::BuildBlocks() {
     blocks_.clear();
+    blocksAcross_ = (columns_ - 1 + kMeshBlockCells - 1) / kMeshBlockCells;
     for (int row = 0; row <= rows_ - 2; row += kMeshBlockCells) {
         for (int column = 1; column <= columns_ - 1; column += kMeshBlockCells) {
             MeshBlock block;

@@ -8,10 +8,14 @@
 // A = (col - 1, row), B = (col, row), C = (col - 1, row + 1), D = (col, row + 1); its two triangles
 // share the diagonal A-D. The vertex and texture arrays have one extra row and column (indices
 // 0..rows and 0..columns) so that every cell can read its corners without a bounds test.
+//
+// For drawing, each block also keeps its own run of vertices (see RenderMeshArrays.cpp), so that
+// the view sends a block with one indexed draw instead of a call per vertex.
 
 #include "TerrainModel.h"
 #include "mMath3D.h"
 
+#include <cstdint>
 #include <vector>
 
 // An inclusive range of cells.
@@ -40,6 +44,35 @@ struct MeshBlock {
     Vector3 high;
 };
 
+// A block's vertices, laid out as GL's interleaved formats T2F_N3F_V3F (ground) and T2F_V3F
+// (water).
+struct GroundVertex {
+    TexCoord uv;
+    Vector3 normal;
+    Vector3 position;
+};
+struct WaterVertex {
+    TexCoord uv;
+    Vector3 position;
+};
+static_assert(sizeof(GroundVertex) == 8 * sizeof(float) && sizeof(WaterVertex) == 5 * sizeof(float));
+
+// Every block has room for a full block whatever its size. Its points (column i, row j counted
+// from the block's corner A) are at j * kBlockRowPoints + i; after them the ground keeps a second
+// copy of each cell's corner D. A cell's slot is its local row * kMeshBlockCells + local column.
+inline constexpr int kBlockRowPoints = kMeshBlockCells + 1;
+inline constexpr int kBlockPoints = kBlockRowPoints * kBlockRowPoints;
+inline constexpr int kBlockCellSlots = kMeshBlockCells * kMeshBlockCells;
+inline constexpr int kBlockGroundVertices = kBlockPoints + kBlockCellSlots;
+
+// Cell slots first..end - 1 of a block, all in the plain colour or all highlighted.
+struct CellSpan {
+    int first = 0;
+    int end = 0;
+    bool highlighted = false;
+    bool operator==(const CellSpan&) const = default;
+};
+
 class RenderMesh {
 public:
     // Rebuilds everything from the terrain.
@@ -56,29 +89,69 @@ public:
     const Vector3& Vertex(int column, int row) const { return vertices_[PointIndex(column, row)]; }
     const TexCoord& GroundUV(int column, int row) const { return groundUV_[PointIndex(column, row)]; }
     const TexCoord& WaterUV(int column, int row) const { return waterUV_[PointIndex(column, row)]; }
-    // Normal of the first (which = 0) or second (which = 1) triangle of cell (column, row).
+    // Normal of the first (which = 0) or second (which = 1) triangle of cell (column, row), column
+    // 1..columns - 1 and row 0..rows - 2; kept in the block arrays (below).
     const Vector3& Normal(int column, int row, int which) const {
-        return normals_[static_cast<std::size_t>(row) * NormalStride() + 2 * static_cast<std::size_t>(column) +
-                        static_cast<std::size_t>(which)];
+        return ground_[NormalSlot(column, row, which)].normal;
     }
     const std::vector<MeshBlock>& Blocks() const { return blocks_; }
+
+    // Block arrays. Ground: kBlockGroundVertices per block; GroundIndices() holds six indices per
+    // cell slot, the same for every block, in the order B, A, D, A, C, D. Under flat shading the
+    // last point of a triangle gives its colour, so each triangle's normal rides on its D: the
+    // first triangle's on the point itself, the second's on the point's second copy.
+    const GroundVertex* GroundVertices(std::size_t block) const {
+        return &ground_[block * kBlockGroundVertices];
+    }
+    static const std::uint16_t* GroundIndices();
+    // Water: kBlockPoints per block at height 0. WaterIndices holds six indices per cell under
+    // water (any corner below 0), in slot order; the cells in slots before s have
+    // WetCellsBefore(block, s) of them.
+    const WaterVertex* WaterVertices(std::size_t block) const { return &water_[block * kBlockPoints]; }
+    const std::uint16_t* WaterIndices(std::size_t block) const {
+        return &wetIndices_[block * 6 * kBlockCellSlots];
+    }
+    int WetCellsBefore(std::size_t block, int slot) const {
+        return wetBefore_[block * (kBlockCellSlots + 1) + static_cast<std::size_t>(slot)];
+    }
 
 private:
     std::size_t PointIndex(int column, int row) const {
         return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_ + 1) + static_cast<std::size_t>(column);
     }
-    std::size_t NormalStride() const { return 2 * static_cast<std::size_t>(columns_) + 1; }
+    // Where in ground_ the normal of a triangle of cell (column, row) is kept: on the cell's D,
+    // or its second copy.
+    std::size_t NormalSlot(int column, int row, int which) const {
+        const int i = (column - 1) % kMeshBlockCells, j = row % kMeshBlockCells;
+        const auto block =
+            static_cast<std::size_t>(row / kMeshBlockCells * blocksAcross_ + (column - 1) / kMeshBlockCells);
+        const int local =
+            which == 0 ? (j + 1) * kBlockRowPoints + i + 1 : kBlockPoints + j * kMeshBlockCells + i;
+        return block * kBlockGroundVertices + static_cast<std::size_t>(local);
+    }
     void UpdateNormals(int firstColumn, int firstRow, int lastColumn, int lastRow);
     void BuildBlocks();
     void UpdateBlockBounds(MeshBlock& block) const;
+    // RenderMeshArrays.cpp: the block arrays' points and water cells, all of them or where the
+    // points in the rectangle (inclusive, in the grid) moved. (The normals are written in place by
+    // UpdateNormals.)
+    void BuildArrays();
+    void RefreshArrays(int firstColumn, int firstRow, int lastColumn, int lastRow);
+    void WritePoints(std::size_t block, const CellRange& points);
+    void WriteWetCells(std::size_t block);
+    bool BlockAboveWater(const CellRange& cells) const;
 
     int columns_ = 0;
     int rows_ = 0;
+    int blocksAcross_ = 0;
     std::vector<Vector3> vertices_;
-    std::vector<Vector3> normals_;
     std::vector<TexCoord> groundUV_;
     std::vector<TexCoord> waterUV_;
     std::vector<MeshBlock> blocks_;
+    std::vector<GroundVertex> ground_;
+    std::vector<WaterVertex> water_;
+    std::vector<std::uint16_t> wetIndices_;
+    std::vector<std::uint16_t> wetBefore_;
 };
 
 // The cells drawn for terrain and water: all of them, or with clip only the central 440 x 440
@@ -89,3 +162,9 @@ CellRange DrawnCells(const TerrainData& terrain, bool clip);
 // deliberately lopsided: exclusive low and inclusive high for columns, the reverse for rows; they
 // match the cells the sculpt tools change.
 CellRange BrushCells(const TerrainData& terrain, float cursorX, float cursorZ, int size);
+
+// The runs of slots that draw the cells of part (inside block, in block's slot numbering) in the
+// order of rows, then columns, split where the brush highlight starts or ends; neighbouring runs of
+// the same colour are joined. Replaces the contents of spans.
+void CellSpans(const CellRange& block, const CellRange& part, const CellRange& brush,
+               std::vector<CellSpan>& spans);

@@ -1,4 +1,5 @@
-// The terrain and the water, drawn block by block so that blocks outside the view are skipped.
+// The terrain and the water, drawn block by block from the mesh's block arrays so that blocks
+// outside the view are skipped and each block goes to GL in a few calls.
 #include "Editor.h"
 #include "modRender.h"
 
@@ -56,15 +57,21 @@ CellRange Intersect(const CellRange& a, const CellRange& b) {
             std::max(a.firstRow, b.firstRow), std::min(a.lastRow, b.lastRow)};
 }
 
-// The parts of range the view may show, block by block (or range itself without culling). Reads
-// the GL matrices, so it must run outside glBegin/glEnd.
-std::vector<CellRange> VisibleCells(const RenderMesh& mesh, const CellRange& range, const RenderOptions& options) {
-    if (!options.cullBlocks) return {range};
+// The part of a block the view may show.
+struct BlockPart {
+    std::size_t block = 0;
+    CellRange cells;
+};
+
+// The parts of range the view may show, block by block. Reads the GL matrices, so it must run
+// outside glBegin/glEnd.
+std::vector<BlockPart> VisibleParts(const RenderMesh& mesh, const CellRange& range) {
     const Frustum frustum = Frustum::FromCurrentMatrices();
-    std::vector<CellRange> visible;
-    for (const MeshBlock& block : mesh.Blocks()) {
-        const CellRange part = Intersect(block.cells, range);
-        if (!part.Empty() && frustum.MayShow(block.low, block.high)) visible.push_back(part);
+    std::vector<BlockPart> visible;
+    const std::vector<MeshBlock>& blocks = mesh.Blocks();
+    for (std::size_t i = 0; i < blocks.size(); ++i) {
+        const CellRange part = Intersect(blocks[i].cells, range);
+        if (!part.Empty() && frustum.MayShow(blocks[i].low, blocks[i].high)) visible.push_back({i, part});
     }
     return visible;
 }
@@ -76,46 +83,152 @@ void PointWithUV(const Vector3& p, const TexCoord& uv, bool textured) {
     glVertex3f(p.x, p.y, p.z);
 }
 
+void SendNormal(const Vector3& n) { glNormal3f(n.x, n.y, n.z); }
+
+// Grid point p (column, row) of the ground.
+void GroundCorner(const RenderMesh& mesh, const int* p, bool textured) {
+    PointWithUV(mesh.Vertex(p[0], p[1]), mesh.GroundUV(p[0], p[1]), textured);
+}
+
+// How the ground is drawn this frame.
+struct GroundLook {
+    bool textured = false;
+    bool lit = false;
+    RgbColour plain;
+    RgbColour highlight;
+    CellRange brush;
+};
+
+// Every cell of range, one call per vertex: the slow way, kept as the measure for the block
+// arrays (RenderOptions::cullBlocks off).
+void SendGroundImmediate(const RenderMesh& mesh, const CellRange& cells, const GroundLook& look) {
+    glBegin(GL_TRIANGLES);
+    bool highlighted = false;
+    for (int row = cells.firstRow; row <= cells.lastRow; ++row) {
+        for (int column = cells.firstColumn; column <= cells.lastColumn; ++column) {
+            // The colour changes only where the highlight starts or ends.
+            const bool inBrush = look.brush.Contains(column, row);
+            if (inBrush != highlighted) {
+                SetColour(inBrush ? look.highlight : look.plain);
+                highlighted = inBrush;
+            }
+            const int a[2] = {column - 1, row}, b[2] = {column, row}, c[2] = {column - 1, row + 1},
+                      d[2] = {column, row + 1};
+            if (look.lit) SendNormal(mesh.Normal(column, row, 0));
+            for (const int* p : {b, a, d}) GroundCorner(mesh, p, look.textured);
+            if (look.lit) SendNormal(mesh.Normal(column, row, 1));
+            for (const int* p : {a, c, d}) GroundCorner(mesh, p, look.textured);
+        }
+    }
+    glEnd();
+}
+
+// The triangles of cell slots first..end - 1 (six indices per slot).
+void DrawSlots(const std::uint16_t* indices, int first, int end) {
+    if (end > first) glDrawElements(GL_TRIANGLES, 6 * (end - first), GL_UNSIGNED_SHORT, indices + 6 * first);
+}
+
+// Only what the cell-by-cell path would send: normals when lit, texture coordinates when textured.
+void PointGroundArraysAt(const GroundVertex* v, const GroundLook& look) {
+    constexpr GLsizei stride = sizeof(GroundVertex);
+    glVertexPointer(3, GL_FLOAT, stride, &v->position);
+    if (look.lit) glNormalPointer(GL_FLOAT, stride, &v->normal);
+    if (look.textured) glTexCoordPointer(2, GL_FLOAT, stride, &v->uv);
+}
+
+// The visible blocks from their arrays, with the same triangles in the same order as the
+// cell-by-cell path and each triangle's normal on its last corner, so the picture is the same.
+void SendGroundArrays(const RenderMesh& mesh, const std::vector<BlockPart>& parts, const GroundLook& look) {
+    glEnableClientState(GL_VERTEX_ARRAY);
+    if (look.lit) glEnableClientState(GL_NORMAL_ARRAY);
+    if (look.textured) glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+    std::vector<CellSpan> spans;
+    bool highlighted = false;
+    for (const BlockPart& part : parts) {
+        PointGroundArraysAt(mesh.GroundVertices(part.block), look);
+        CellSpans(mesh.Blocks()[part.block].cells, part.cells, look.brush, spans);
+        for (const CellSpan& span : spans) {
+            if (span.highlighted != highlighted) {
+                SetColour(span.highlighted ? look.highlight : look.plain);
+                highlighted = span.highlighted;
+            }
+            DrawSlots(RenderMesh::GroundIndices(), span.first, span.end);
+        }
+    }
+    glDisableClientState(GL_TEXTURE_COORD_ARRAY);
+    glDisableClientState(GL_NORMAL_ARRAY);
+    glDisableClientState(GL_VERTEX_ARRAY);
+    // Leave the current normal where the cell-by-cell path leaves it: the track's lines, drawn
+    // later without normals of their own, are lit with it.
+    if (look.lit && !parts.empty()) {
+        const CellRange& last = parts.back().cells;
+        SendNormal(mesh.Normal(last.lastColumn, last.lastRow, 1));
+    }
+}
+
+void SendWaterImmediate(const RenderMesh& mesh, const CellRange& cells, bool textured) {
+    glBegin(GL_TRIANGLES);
+    for (int row = cells.firstRow; row <= cells.lastRow; ++row) {
+        for (int column = cells.firstColumn; column <= cells.lastColumn; ++column) {
+            const int a[2] = {column - 1, row}, b[2] = {column, row}, c[2] = {column - 1, row + 1},
+                      d[2] = {column, row + 1};
+            bool dry = true;
+            for (const int* p : {a, b, c, d}) dry = dry && mesh.Vertex(p[0], p[1]).y >= 0.0f;
+            if (dry) continue; // wholly above the water
+            for (const int* p : {b, a, d, a, c, d}) {
+                const Vector3& v = mesh.Vertex(p[0], p[1]);
+                PointWithUV({v.x, 0.0f, v.z}, mesh.WaterUV(p[0], p[1]), textured);
+            }
+        }
+    }
+    glEnd();
+}
+
+void SendWaterArrays(const RenderMesh& mesh, const std::vector<BlockPart>& parts, bool textured) {
+    glEnableClientState(GL_VERTEX_ARRAY);
+    if (textured) glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+    constexpr GLsizei stride = sizeof(WaterVertex);
+    std::vector<CellSpan> spans;
+    for (const BlockPart& part : parts) {
+        const WaterVertex* v = mesh.WaterVertices(part.block);
+        glVertexPointer(3, GL_FLOAT, stride, &v->position);
+        if (textured) glTexCoordPointer(2, GL_FLOAT, stride, &v->uv);
+        CellSpans(mesh.Blocks()[part.block].cells, part.cells, CellRange{}, spans);
+        for (const CellSpan& span : spans)
+            DrawSlots(mesh.WaterIndices(part.block), mesh.WetCellsBefore(part.block, span.first),
+                      mesh.WetCellsBefore(part.block, span.end));
+    }
+    glDisableClientState(GL_TEXTURE_COORD_ARRAY);
+    glDisableClientState(GL_VERTEX_ARRAY);
+}
+
 } // namespace
 
 void DrawTerrain(const Editor& editor, const GLViewState& state, const RenderOptions& options) {
     const RenderMesh& mesh = editor.mesh;
     if (mesh.Empty()) return;
     const AppSettings& settings = editor.settings;
-    const bool textured = settings.viewTextures && state.terrainTexture != 0;
-    const bool lit = !settings.noLights;
-    const RgbColour plain = textured ? RgbColour{1.0f, 1.0f, 1.0f} : settings.colorTable[9];
-    if (textured) {
+    GroundLook look;
+    look.textured = settings.viewTextures && state.terrainTexture != 0;
+    look.lit = !settings.noLights;
+    look.plain = look.textured ? RgbColour{1.0f, 1.0f, 1.0f} : settings.colorTable[9];
+    look.highlight = settings.colorTable[7];
+    look.brush = BrushCells(editor.terrain, editor.cursor.x, editor.cursor.z, settings.sculptSize);
+    if (look.textured) {
         glEnable(GL_TEXTURE_2D);
         glBindTexture(GL_TEXTURE_2D, state.terrainTexture);
     }
-    SetColour(plain);
+    SetColour(look.plain);
     ApplyCameraTransform(editor.camera, false);
     const CellRange range = DrawnCells(editor.terrain, settings.clipTerrain);
-    const CellRange brush =
-        BrushCells(editor.terrain, editor.cursor.x, editor.cursor.z, editor.settings.sculptSize);
-    const std::vector<CellRange> visible = VisibleCells(mesh, range, options);
-    glBegin(GL_TRIANGLES);
-    bool highlighted = false;
-    for (const CellRange& cells : visible) {
-        for (int row = cells.firstRow; row <= cells.lastRow; ++row) {
-            for (int column = cells.firstColumn; column <= cells.lastColumn; ++column) {
-                // The colour changes only where the highlight starts or ends.
-                const bool inBrush = brush.Contains(column, row);
-                if (inBrush != highlighted) {
-                    SetColour(inBrush ? settings.colorTable[7] : plain);
-                    highlighted = inBrush;
-                }
-                const int a[2] = {column - 1, row}, b[2] = {column, row}, c[2] = {column - 1, row + 1},
-                          d[2] = {column, row + 1};
-                if (lit) glNormal3f(mesh.Normal(column, row, 0).x, mesh.Normal(column, row, 0).y, mesh.Normal(column, row, 0).z);
-                for (const int* p : {b, a, d}) PointWithUV(mesh.Vertex(p[0], p[1]), mesh.GroundUV(p[0], p[1]), textured);
-                if (lit) glNormal3f(mesh.Normal(column, row, 1).x, mesh.Normal(column, row, 1).y, mesh.Normal(column, row, 1).z);
-                for (const int* p : {a, c, d}) PointWithUV(mesh.Vertex(p[0], p[1]), mesh.GroundUV(p[0], p[1]), textured);
-            }
-        }
+    if (options.cullBlocks) {
+        SendGroundArrays(mesh, VisibleParts(mesh, range), look);
+        // Filling the ground's pixels is most of a frame's work. Handing the ground over now lets
+        // a threaded rasteriser (llvmpipe) fill it while the water, trees and track are sent.
+        glFlush();
+    } else {
+        SendGroundImmediate(mesh, range, look);
     }
-    glEnd();
     glColor3f(1.0f, 1.0f, 1.0f);
     glDisable(GL_TEXTURE_2D);
 }
@@ -136,24 +249,9 @@ void DrawWater(const Editor& editor, const GLViewState& state, const RenderOptio
     if (settings.useWaterTrans) glEnable(GL_BLEND);
     ApplyCameraTransform(editor.camera, false);
     glNormal3f(0.0f, 1.0f, 0.0f);
-    const std::vector<CellRange> visible = VisibleCells(mesh, DrawnCells(editor.terrain, settings.clipTerrain), options);
-    glBegin(GL_TRIANGLES);
-    for (const CellRange& cells : visible) {
-        for (int row = cells.firstRow; row <= cells.lastRow; ++row) {
-            for (int column = cells.firstColumn; column <= cells.lastColumn; ++column) {
-                const int a[2] = {column - 1, row}, b[2] = {column, row}, c[2] = {column - 1, row + 1},
-                          d[2] = {column, row + 1};
-                bool dry = true;
-                for (const int* p : {a, b, c, d}) dry = dry && mesh.Vertex(p[0], p[1]).y >= 0.0f;
-                if (dry) continue; // wholly above the water
-                for (const int* p : {b, a, d, a, c, d}) {
-                    const Vector3& v = mesh.Vertex(p[0], p[1]);
-                    PointWithUV({v.x, 0.0f, v.z}, mesh.WaterUV(p[0], p[1]), textured);
-                }
-            }
-        }
-    }
-    glEnd();
+    const CellRange range = DrawnCells(editor.terrain, settings.clipTerrain);
+    if (options.cullBlocks) SendWaterArrays(mesh, VisibleParts(mesh, range), textured);
+    else SendWaterImmediate(mesh, range, textured);
     glColor4f(1.0f, 1.0f, 1.0f, 1.0f);
     glDisable(GL_BLEND);
     glDisable(GL_TEXTURE_2D);

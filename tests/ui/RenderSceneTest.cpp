@@ -3,12 +3,15 @@
 #include "Editor.h"
 #include "SampleTrack.h"
 #include "ScriptedShell.h"
+#include "mPictureLoader.h"
 #include "pbOpenGL.h"
 
 #include <QApplication>
 #include <QImage>
 
 #include <gtest/gtest.h>
+
+#include <string>
 
 namespace {
 
@@ -155,22 +158,78 @@ TEST_F(RenderSceneTest, LightingShadesSlopesAndNoLightsTurnsItOff) {
     EXPECT_NE(lit, unlit);
 }
 
-TEST_F(RenderSceneTest, SendingOnlyTheVisibleBlocksLeavesThePictureUnchanged) {
-    editor.settings.viewTextures = true;
-    editor.settings.noLights = false;
-    editor.OpenTrack(std::string(LW_BIN_DIR) + "/tracks/Demo.cvtrack");
-    ASSERT_TRUE(editor.terrain.terrainPresent);
-    const CameraState poses[] = {editor.camera,                        // the start position
-                                 {0.0f, 330.0f, 480.0f, -38.0f, 0.0f, 0.0f}, // a high overview
-                                 {-300.0f, 40.0f, 100.0f, -10.0f, 135.0f, 0.0f}};
-    for (const CameraState& pose : poses) {
-        editor.camera = pose;
+// The demo terrain drawn both ways, from the visible blocks' arrays and every cell one call at a
+// time: the two pictures must match pixel for pixel.
+class VisibleBlocksTest : public RenderSceneTest {
+protected:
+    void SetUp() override {
+        RenderSceneTest::SetUp();
+        InstallQtPictureDecoder();
+        editor.OpenTrack(std::string(LW_BIN_DIR) + "/tracks/Demo.cvtrack");
+        ASSERT_TRUE(editor.terrain.terrainPresent);
+        view.RequestTextureReload();
+        editor.settings.colorTable[8] = {0.0f, 0.0f, 0.0f}; // the cursor marker
+    }
+    void TearDown() override { SetPictureDecoder({}); }
+
+    QImage ExpectSamePicture(const std::string& what) {
         view.Options().cullBlocks = false;
         const QImage whole = Frame();
         view.Options().cullBlocks = true;
-        const QImage culled = Frame();
-        EXPECT_EQ(whole, culled) << "camera at " << pose.x << "," << pose.y << "," << pose.z;
-        EXPECT_GT(CountNear(whole, Qt::black, 0), 0);
-        EXPECT_LT(CountNear(whole, Qt::black, 0), whole.width() * whole.height() / 2) << "the terrain fills the view";
+        EXPECT_EQ(whole, Frame()) << what;
+        return whole;
     }
+    QImage WithBrush(int size) {
+        editor.settings.sculptSize = size;
+        editor.cursor = {editor.camera.x, 0.0f, editor.camera.z - 50.0f}; // 50 units north of the camera
+        return ExpectSamePicture("brush " + std::to_string(size));
+    }
+};
+
+TEST_F(VisibleBlocksTest, TheGroundIsTheSameFromEveryPoseLitOrNotTexturedOrNotClippedOrNot) {
+    const CameraState start = editor.camera, overview{0.0f, 330.0f, 480.0f, -38.0f, 0.0f, 0.0f};
+    for (const CameraState& pose : {start, overview, CameraState{-300.0f, 40.0f, 100.0f, -10.0f, 135.0f, 0.0f},
+                                    CameraState{100.0f, 60.0f, -200.0f, -89.0f, 10.0f, 0.0f}})
+        for (const int look : {0, 1, 2, 3, 4, 5, 6, 7}) {
+            editor.camera = pose;
+            editor.settings.noLights = (look & 1) != 0;
+            editor.settings.viewTextures = (look & 2) != 0;
+            editor.settings.clipTerrain = (look & 4) != 0; // the scene area's edges cut through blocks
+            const QImage frame = WithBrush(4);
+            if (!editor.settings.clipTerrain) {
+                EXPECT_LT(CountNear(frame, Qt::black, 0), frame.width() * frame.height() / 2) << "ground in view";
+            }
+        }
+    EXPECT_NE(view.ViewState().terrainTexture, 0u);
+    // What the poses are meant to show is in view: the brush, and the clipped scene area.
+    editor.camera = start;
+    EXPECT_NE(WithBrush(0), WithBrush(4));
+    editor.camera = overview;
+    const QImage clipped = WithBrush(0);
+    editor.settings.clipTerrain = false;
+    EXPECT_NE(clipped, WithBrush(0));
+}
+
+TEST_F(VisibleBlocksTest, WaterAndASculptEditAreTheSame) {
+    // Looking down at the bottom of the lake from the south.
+    int column = 0, row = 0;
+    const HeightGrid& h = editor.terrain.heights;
+    for (int r = 0; r < h.Rows(); ++r)
+        for (int c = 0; c < h.Columns(); ++c)
+            if (h.At(r, c) < h.At(row, column)) column = c, row = r;
+    ASSERT_LT(h.At(row, column), 0.0f);
+    editor.camera = {editor.terrain.PointX(column), 40.0f, editor.terrain.PointZ(row) + 40.0f, -45.0f, 0.0f, 0.0f};
+    editor.settings.viewWater = false;
+    const QImage dry = ExpectSamePicture("no water");
+    editor.settings.viewWater = true;
+    for (const bool blended : {true, false}) {
+        editor.settings.useWaterTrans = blended;
+        EXPECT_NE(ExpectSamePicture(blended ? "blended water" : "opaque water"), dry) << "the lake is in view";
+    }
+    // A 13 x 13 point mound beside the lake, refreshed as a sculpt step does.
+    const QImage before = ExpectSamePicture("before the edit");
+    for (int r = row - 6; r <= row + 6; ++r)
+        for (int c = column - 16; c <= column - 4; ++c) editor.terrain.heights.At(r, c) += 12.0f;
+    editor.mesh.UpdateArea(editor.terrain, column - 16, row - 6, column - 4, row + 6);
+    EXPECT_NE(ExpectSamePicture("after the edit"), before) << "the mound is in view";
 }

@@ -5,6 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdint>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -168,4 +171,113 @@ TEST(RenderMesh, BlocksCoverEveryCellOnceAndBoundTheirPoints) {
     for (int row = 0; row < 37; ++row)
         for (int column = 0; column < 50; ++column)
             EXPECT_EQ(covered[static_cast<std::size_t>(row * 50 + column)], all.Contains(column, row) ? 1 : 0);
+}
+
+namespace {
+
+// Heights that roll over the grid and dip below the water line in places.
+TerrainData Rolling(int columns, int rows) {
+    TerrainData t = Grid(columns, rows);
+    for (int row = 0; row < rows; ++row)
+        for (int column = 0; column < columns; ++column)
+            t.heights.At(row, column) = 12.0f * std::sin(0.37f * static_cast<float>(column)) +
+                                        9.0f * std::cos(0.23f * static_cast<float>(row)) - 4.0f;
+    return t;
+}
+
+void Append(std::vector<float>& out, const Vector3& v) { out.insert(out.end(), {v.x, v.y, v.z}); }
+void Append(std::vector<float>& out, const TexCoord& t) { out.insert(out.end(), {t.u, t.v}); }
+
+// What the ground and water of every block look like, cell by cell in block order: each corner's
+// position and texture coordinates, and for the ground the normal on each triangle's last corner.
+// fromArrays reads the block arrays; otherwise the points, normals and water test of the
+// cell-by-cell path.
+std::vector<float> Sent(const RenderMesh& mesh, bool fromArrays) {
+    std::vector<float> sent;
+    for (std::size_t b = 0; b < mesh.Blocks().size(); ++b) {
+        const CellRange& cells = mesh.Blocks()[b].cells;
+        int wet = 0;
+        for (int row = cells.firstRow; row <= cells.lastRow; ++row)
+            for (int column = cells.firstColumn; column <= cells.lastColumn; ++column) {
+                const int slot = (row - cells.firstRow) * kMeshBlockCells + column - cells.firstColumn;
+                const int corners[6][2] = {{column, row},     {column - 1, row},     {column, row + 1},
+                                           {column - 1, row}, {column - 1, row + 1}, {column, row + 1}};
+                bool dry = true;
+                for (int k = 0; k < 6; ++k) {
+                    const GroundVertex& v = mesh.GroundVertices(b)[RenderMesh::GroundIndices()[6 * slot + k]];
+                    const Vector3& p = mesh.Vertex(corners[k][0], corners[k][1]);
+                    Append(sent, fromArrays ? v.position : p);
+                    Append(sent, fromArrays ? v.uv : mesh.GroundUV(corners[k][0], corners[k][1]));
+                    if (k % 3 == 2) Append(sent, fromArrays ? v.normal : mesh.Normal(column, row, k / 3));
+                    dry = dry && p.y >= 0.0f;
+                }
+                const bool listed = mesh.WetCellsBefore(b, slot + 1) > mesh.WetCellsBefore(b, slot);
+                if (fromArrays ? !listed : dry) continue;
+                for (int k = 0; k < 6; ++k) {
+                    const WaterVertex& v = mesh.WaterVertices(b)[mesh.WaterIndices(b)[6 * wet + k]];
+                    const Vector3& p = mesh.Vertex(corners[k][0], corners[k][1]);
+                    Append(sent, fromArrays ? v.position : Vector3{p.x, 0.0f, p.z});
+                    Append(sent, fromArrays ? v.uv : mesh.WaterUV(corners[k][0], corners[k][1]));
+                }
+                ++wet;
+            }
+    }
+    return sent;
+}
+
+} // namespace
+
+TEST(RenderMeshArrays, TheBlocksSendWhatTheCellByCellPathSendsAfterEveryChange) {
+    TerrainData t = Rolling(50, 45); // narrower blocks at the right and bottom edges
+    RenderMesh mesh;
+    mesh.Build(t);
+    const std::vector<float> before = Sent(mesh, true);
+    EXPECT_EQ(before, Sent(mesh, false));
+    // Refreshes across block edges (points 16 and 32 sit on them), in and out of the water.
+    for (int row = 12; row <= 20; ++row)
+        for (int column = 13; column <= 19; ++column)
+            t.heights.At(row, column) = static_cast<float>(column - 16) * 3.0f - 6.0f;
+    mesh.UpdateArea(t, 13, 12, 19, 20);
+    t.heights.At(32, 32) = -40.0f;
+    mesh.UpdateArea(t, 32, 32, 32, 32);
+    EXPECT_EQ(Sent(mesh, true), Sent(mesh, false));
+    EXPECT_NE(Sent(mesh, true), before);
+    RenderMesh fresh;
+    fresh.Build(t);
+    EXPECT_EQ(Sent(mesh, true), Sent(fresh, true)) << "a refresh leaves what a rebuild leaves";
+    // A smaller terrain built over the old one keeps nothing of it.
+    mesh.Build(Rolling(40, 37));
+    EXPECT_EQ(Sent(mesh, true), Sent(mesh, false));
+    for (int column = 0; column <= 40; ++column) EXPECT_EQ(mesh.Vertex(column, 37).y, 0.0f);
+    for (int row = 0; row <= 37; ++row) EXPECT_EQ(mesh.GroundUV(40, row).u, 0.0f);
+}
+
+TEST(RenderMeshArrays, CellSpansKeepTheCellOrderAndSplitOnlyWhereTheHighlightChanges) {
+    const CellRange full{17, 32, 16, 31};
+    const CellRange narrow{33, 39, 0, 15}; // a block at the grid's right edge
+    std::vector<CellSpan> spans;
+    CellSpans(full, full, CellRange{}, spans);
+    EXPECT_EQ(spans, (std::vector<CellSpan>{{0, kBlockCellSlots, false}})) << "a whole block is one draw";
+    CellSpans(full, full, {22, 24, 19, 20}, spans);
+    EXPECT_EQ(spans, (std::vector<CellSpan>{
+                         {0, 53, false}, {53, 56, true}, {56, 69, false}, {69, 72, true}, {72, 256, false}}));
+    const struct {
+        CellRange block, part, brush;
+    } cases[] = {{full, {20, 30, 18, 25}, {22, 24, 19, 20}}, {full, {17, 32, 20, 20}, {10, 40, 20, 20}},
+                 {full, full, {30, 40, 30, 40}},             {narrow, narrow, CellRange{}},
+                 {narrow, {34, 39, 3, 9}, {36, 36, 0, 5}}};
+    for (const auto& c : cases) {
+        CellSpans(c.block, c.part, c.brush, spans);
+        std::vector<std::pair<int, bool>> expected, got;
+        for (int row = c.part.firstRow; row <= c.part.lastRow; ++row)
+            for (int column = c.part.firstColumn; column <= c.part.lastColumn; ++column)
+                expected.emplace_back((row - c.block.firstRow) * kMeshBlockCells + column -
+                                          c.block.firstColumn,
+                                      c.brush.Contains(column, row));
+        for (const CellSpan& span : spans)
+            for (int slot = span.first; slot < span.end; ++slot) got.emplace_back(slot, span.highlighted);
+        EXPECT_EQ(got, expected) << c.part.firstColumn << "," << c.part.firstRow;
+    }
+    CellSpans(narrow, narrow, CellRange{}, spans);
+    EXPECT_EQ(spans.size(), 16u) << "rows of a narrow block are not contiguous";
 }
