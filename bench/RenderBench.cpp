@@ -7,53 +7,11 @@
 // column is the whole process, the GL driver's rasteriser threads included; with Mesa's llvmpipe,
 // LP_NUM_THREADS=0 rasterises on the calling thread, which gives steadier figures on a busy
 // machine.
-#include "DemoTrack.h"
-#include "Editor.h"
-#include "ScriptedShellForBench.h"
-#include "mPictureLoader.h"
-#include "pbOpenGL.h"
-
-#include <QApplication>
+#include "BenchScene.h"
 
 #include <GL/gl.h>
-#include <benchmark/benchmark.h>
-
-#include <map>
-#include <memory>
 
 namespace {
-
-struct Scene {
-    BenchShell shell;
-    Editor editor{shell, LW_BIN_DIR};
-    explicit Scene(int side) {
-        DemoOptions options;
-        options.terrainSide = side;
-        editor.track = MakeDemoTrack(options);
-        editor.terrain.trackPresent = TraceTrack(editor.track, editor.spine);
-        editor.CopyTerrainFromTrack();
-        editor.mesh.Build(editor.terrain);
-        editor.ResetView();
-    }
-};
-
-Scene& SceneOf(int side) {
-    static std::map<int, std::unique_ptr<Scene>> scenes;
-    auto& scene = scenes[side];
-    if (!scene) scene = std::make_unique<Scene>(side);
-    return *scene;
-}
-
-pbOpenGL& View() {
-    static pbOpenGL* view = [] {
-        auto* v = new pbOpenGL;
-        v->resize(1024, 768);
-        v->show();
-        QApplication::processEvents();
-        return v;
-    }();
-    return *view;
-}
 
 // range(0): side; range(1): 0 start position, 1 overview, 2 looking up at the sky from the centre
 // (what a frame costs when no terrain is in view); range(2): 1 visible blocks from the block
@@ -64,17 +22,14 @@ void Frame(benchmark::State& state) {
     AppSettings& s = scene.editor.settings;
     s.viewWater = s.viewTrack = s.viewSupports = s.viewTrees = state.range(3) == 1;
     s.viewTextures = state.range(4) == 1;
-    pbOpenGL& view = View();
-    view.SetEditor(&scene.editor);
-    if (state.range(1) == 1) scene.editor.camera = {0.0f, 330.0f, 480.0f, -38.0f, 0.0f, 0.0f};
-    else if (state.range(1) == 2) scene.editor.camera = {0.0f, 10.0f, 0.0f, 70.0f, 0.0f, 0.0f};
-    else scene.editor.ResetView();
-    view.Options().cullBlocks = state.range(2) == 1;
-    view.RequestTextureReload();
-    // A frame drawn by the widget itself loads the textures.
-    view.repaint();
-    QApplication::processEvents();
-    view.makeCurrent();
+    if (state.range(1) == 1)
+        scene.editor.camera = {0.0f, 330.0f, 480.0f, -38.0f, 0.0f, 0.0f};
+    else if (state.range(1) == 2)
+        scene.editor.camera = {0.0f, 10.0f, 0.0f, 70.0f, 0.0f, 0.0f};
+    else
+        scene.editor.ResetView();
+    View().Options().cullBlocks = state.range(2) == 1;
+    pbOpenGL& view = ViewShowing(scene);
     for (auto _ : state) {
         RenderScene(scene.editor, view.ViewState(), view.Options());
         glFinish();
@@ -133,12 +88,5 @@ BENCHMARK(RebuildMesh)->Arg(205)->Arg(409)->Arg(513)->Unit(benchmark::kMilliseco
 BENCHMARK(RefreshSculptedArea)->Arg(513)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
 int main(int argc, char** argv) {
-    SetDefaultViewFormat();
-    QApplication app(argc, argv);
-    // As the main window does, so that the ground and water textures load.
-    InstallQtPictureDecoder();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return RunGlBenchmarks(argc, argv);
 }

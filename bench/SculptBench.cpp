@@ -1,43 +1,19 @@
 // What one sculpt step costs as the user drags: the step with the mesh refresh around it (no
 // display needed), and the whole cycle of a step plus the redraw of the 3D view at 1024 x 768 from
 // the camera's start position. Run under a display (xvfb-run -a build/bench/bench_sculpt).
-#include "DemoTrack.h"
-#include "Editor.h"
-#include "ScriptedShellForBench.h"
+#include "BenchScene.h"
 #include "Sculpt.h"
-#include "pbOpenGL.h"
-
-#include <QApplication>
 
 #include <GL/gl.h>
-#include <benchmark/benchmark.h>
-
-#include <map>
-#include <memory>
 
 namespace {
 
-struct Scene {
-    BenchShell shell;
-    Editor editor{shell, LW_BIN_DIR};
-    explicit Scene(int side) {
-        DemoOptions options;
-        options.terrainSide = side;
-        editor.track = MakeDemoTrack(options);
-        editor.terrain.trackPresent = TraceTrack(editor.track, editor.spine);
-        editor.CopyTerrainFromTrack();
-        editor.mesh.Build(editor.terrain);
-        editor.ResetView();
-        editor.cursor = {20.0f, 0.0f, -60.0f}; // ahead of the camera, in view
-        editor.settings.sculptSize = 5;         // "Gigantic"
-    }
-};
-
-Scene& SceneOf(int side) {
-    static std::map<int, std::unique_ptr<Scene>> scenes;
-    auto& scene = scenes[side];
-    if (!scene) scene = std::make_unique<Scene>(side);
-    return *scene;
+// The camera's start position with the cursor ahead of it and the "Gigantic" brush.
+Scene& SculptScene(int side) {
+    Scene& scene = SceneOf(side);
+    scene.editor.cursor = {20.0f, 0.0f, -60.0f};
+    scene.editor.settings.sculptSize = 5;
+    return scene;
 }
 
 // Alternating up and down moves keep the heights in range however long the benchmark runs.
@@ -50,14 +26,15 @@ int NextMove() {
 // range(0): side; range(1): 0 relational, 1 absolute. The step and the refresh of the mesh points,
 // normals and block bounds it touched.
 void StrokeStep(benchmark::State& state) {
-    Scene& scene = SceneOf(static_cast<int>(state.range(0)));
+    Scene& scene = SculptScene(static_cast<int>(state.range(0)));
     scene.editor.settings.sculptMode = static_cast<int>(state.range(1));
-    for (auto _ : state) scene.editor.StrokeMove(NextMove());
+    for (auto _ : state)
+        scene.editor.StrokeMove(NextMove());
 }
 
 // The sculpt step alone, without the mesh.
 void SculptOnly(benchmark::State& state) {
-    Scene& scene = SceneOf(static_cast<int>(state.range(0)));
+    Scene& scene = SculptScene(static_cast<int>(state.range(0)));
     Editor& e = scene.editor;
     for (auto _ : state) {
         const GridRect changed = ApplySculpt(e.terrain, e.cursor.x, e.cursor.z, 0, 1, 5, NextMove() * 0.1f);
@@ -65,27 +42,10 @@ void SculptOnly(benchmark::State& state) {
     }
 }
 
-pbOpenGL& View() {
-    static pbOpenGL* view = [] {
-        auto* v = new pbOpenGL;
-        v->resize(1024, 768);
-        v->show();
-        QApplication::processEvents();
-        return v;
-    }();
-    return *view;
-}
-
 // A stroke step followed by the frame it causes, finished on the GPU side.
 void StepAndFrame(benchmark::State& state) {
-    Scene& scene = SceneOf(static_cast<int>(state.range(0)));
-    pbOpenGL& view = View();
-    view.SetEditor(&scene.editor);
-    view.makeCurrent();
-    view.RequestTextureReload();
-    view.update();
-    QApplication::processEvents();
-    view.makeCurrent();
+    Scene& scene = SculptScene(static_cast<int>(state.range(0)));
+    pbOpenGL& view = ViewShowing(scene);
     for (auto _ : state) {
         scene.editor.StrokeMove(NextMove());
         RenderScene(scene.editor, view.ViewState(), view.Options());
@@ -97,14 +57,12 @@ void StepAndFrame(benchmark::State& state) {
 } // namespace
 
 BENCHMARK(SculptOnly)->Arg(409)->Arg(513)->Unit(benchmark::kMicrosecond);
-BENCHMARK(StrokeStep)->ArgNames({"side", "absolute"})->ArgsProduct({{409, 513}, {0, 1}})->Unit(benchmark::kMicrosecond);
+BENCHMARK(StrokeStep)
+    ->ArgNames({"side", "absolute"})
+    ->ArgsProduct({{409, 513}, {0, 1}})
+    ->Unit(benchmark::kMicrosecond);
 BENCHMARK(StepAndFrame)->Arg(205)->Arg(409)->Arg(513)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 int main(int argc, char** argv) {
-    SetDefaultViewFormat();
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return RunGlBenchmarks(argc, argv);
 }

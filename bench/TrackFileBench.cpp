@@ -42,7 +42,9 @@ void ParseInMemory(benchmark::State& state) {
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * image.size()));
 }
 
-std::string BenchPath() { return (std::filesystem::temp_directory_path() / "landwright-bench.cvtrack").string(); }
+std::string BenchPath() {
+    return (std::filesystem::temp_directory_path() / "landwright-bench.cvtrack").string();
+}
 
 void WriteFile(benchmark::State& state) {
     const TrackDocument& doc = Demo(static_cast<int>(state.range(0)));
