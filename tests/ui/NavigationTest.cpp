@@ -6,42 +6,40 @@
 
 #include <QLabel>
 #include <QRadioButton>
-#include <QTest>
 #include <QTimer>
 
 #include <filesystem>
 
 namespace {
 
-QString Label(frmMain& window, const char* name) { return window.findChild<QLabel*>(name)->text(); }
+std::string Label(frmMain& window, const char* name) {
+    return Child<QLabel>(&window, name)->text().toStdString();
+}
 
 } // namespace
 
-TEST_F(MainWindowTest, HeldKeysFlyTheCameraUntilReleased) {
-    ASSERT_TRUE(window->Startup(QString::fromStdString(DemoTrack())));
-    Editor& editor = window->Session();
+TEST_F(MainWindowTest, KeysFlyTheCameraSwitchTheModeBringTheCursorIntoViewAndKeepAboveGround) {
+    StartOnDemo();
+    Editor& editor = Session();
     const CameraState start = editor.camera;
-    EXPECT_EQ(Label(*window, "lblCameraPos_1").toStdString(), FormatPositionLabel(start.y));
+    EXPECT_EQ(Label(*window, "lblCameraPos_1"), FormatPositionLabel(start.y));
     QTest::keyPress(window->view, Qt::Key_W);
     EXPECT_TRUE(window->tmrKeyboard->isActive());
     EXPECT_NEAR(editor.camera.z, start.z - 1.0f, 1e-4) << "a press moves one step at once";
     WaitFor([&] { return editor.camera.z < start.z - 5.0f; }, 3000);
     QTest::keyRelease(window->view, Qt::Key_W);
     EXPECT_LT(editor.camera.z, start.z - 5.0f) << "holding W keeps flying forward";
-    EXPECT_TRUE(WaitFor([&] { return !window->tmrKeyboard->isActive(); }, 1000)) << "the timer stops with no key held";
+    EXPECT_TRUE(WaitFor([&] { return !window->tmrKeyboard->isActive(); }, 1000))
+        << "the timer stops with no key held";
     const float stopped = editor.camera.z;
     QTest::qWait(100);
     EXPECT_EQ(editor.camera.z, stopped);
-    EXPECT_EQ(Label(*window, "lblCameraPos_2").toStdString(), FormatPositionLabel(stopped));
-}
+    EXPECT_EQ(Label(*window, "lblCameraPos_2"), FormatPositionLabel(stopped));
 
-TEST_F(MainWindowTest, SpaceSwitchesTheModeAndEnterBringsTheCursorIntoView) {
-    ASSERT_TRUE(window->Startup(QString::fromStdString(DemoTrack())));
-    Editor& editor = window->Session();
-    EXPECT_TRUE(window->findChild<QRadioButton*>("optMode_0")->isChecked());
+    EXPECT_TRUE(Child<QRadioButton>(window.get(), "optMode_0")->isChecked());
     QTest::keyClick(window->view, Qt::Key_Space);
     EXPECT_TRUE(window->TerrainMode());
-    EXPECT_TRUE(window->findChild<QRadioButton*>("optMode_1")->isChecked());
+    EXPECT_TRUE(Child<QRadioButton>(window.get(), "optMode_1")->isChecked());
     QTest::keyClick(window->view, Qt::Key_Space);
     EXPECT_FALSE(window->TerrainMode()) << "once per press";
     editor.camera.x = 100.0f;
@@ -50,15 +48,12 @@ TEST_F(MainWindowTest, SpaceSwitchesTheModeAndEnterBringsTheCursorIntoView) {
     QTest::keyClick(window->view, Qt::Key_Return);
     EXPECT_NEAR(editor.cursor.x, 100.0f, 1e-4);
     EXPECT_NEAR(editor.cursor.z, -10.0f, 1e-4);
-    EXPECT_EQ(Label(*window, "lblCursorPos_2").toStdString(), "-010.00");
-}
+    EXPECT_EQ(Label(*window, "lblCursorPos_2"), "-010.00");
 
-TEST_F(MainWindowTest, TheGroundRuleHoldsWhileFlyingDown) {
-    ASSERT_TRUE(window->Startup(QString::fromStdString(DemoTrack())));
-    Editor& editor = window->Session();
     editor.settings.stayAbove = true;
     editor.camera.y = 6.0f;
-    for (int i = 0; i < 20; ++i) window->KeyboardTick(), QTest::keyPress(window->view, Qt::Key_PageDown);
+    for (int i = 0; i < 20; ++i)
+        window->KeyboardTick(), QTest::keyPress(window->view, Qt::Key_PageDown);
     QTest::keyRelease(window->view, Qt::Key_PageDown);
     const std::optional<SceneGround> ground = editor.Ground();
     ASSERT_TRUE(ground.has_value());
@@ -69,18 +64,18 @@ TEST_F(MainWindowTest, TheGroundRuleHoldsWhileFlyingDown) {
 }
 
 TEST_F(MainWindowTest, MouseLookTurnsTheCameraAndCursorDragsMoveTheCursor) {
-    ASSERT_TRUE(window->Startup(QString::fromStdString(DemoTrack())));
-    Editor& editor = window->Session();
+    StartOnDemo();
+    Editor& editor = Session();
     window->ViewMousePress(Qt::LeftButton);
     EXPECT_TRUE(window->MouseCaptured());
     EXPECT_FALSE(window->tmrMouseMove->isActive()) << "the left button alone only looks";
     window->ViewMouseDelta(40, -20);
     EXPECT_FLOAT_EQ(editor.camera.yaw, -10.0f) << "right turns right";
     EXPECT_FLOAT_EQ(editor.camera.pitch, 5.0f) << "up looks up";
-    window->ViewMouseRelease(Qt::NoButton);
-    EXPECT_FALSE(window->MouseCaptured());
-    window->ViewMouseRelease(Qt::NoButton);
-    EXPECT_FALSE(window->MouseCaptured()) << "a second release changes nothing";
+    for (int i = 0; i < 2; ++i) {
+        window->ViewMouseRelease(Qt::NoButton);
+        EXPECT_FALSE(window->MouseCaptured()) << "release " << i + 1;
+    }
 
     window->ViewMousePress(Qt::RightButton);
     EXPECT_TRUE(window->tmrMouseMove->isActive());
@@ -99,18 +94,19 @@ TEST_F(MainWindowTest, MouseLookTurnsTheCameraAndCursorDragsMoveTheCursor) {
     window->ViewMouseRelease(Qt::NoButton);
     EXPECT_FLOAT_EQ(editor.cursor.x, 5.0f) << "right in the view is +x when facing -z";
     EXPECT_FLOAT_EQ(editor.cursor.z, -10.0f) << "up in the view is away from the camera";
-    EXPECT_EQ(Label(*window, "lblCursorPos_0").toStdString(), "005.00");
+    EXPECT_EQ(Label(*window, "lblCursorPos_0"), "005.00");
 }
 
 TEST_F(MainWindowTest, EveryViewSwitchChangesThePicture) {
-    std::filesystem::create_directory_symlink(std::string(LW_BIN_DIR) + "/teratextures", home.File("teratextures"));
-    ASSERT_TRUE(window->Startup(QString::fromStdString(DemoTrack())));
-    window->Session().camera = {0.0f, 330.0f, 480.0f, -38.0f, 0.0f, 0.0f};
-    window->Session().settings.viewGuidelines = false;
+    std::filesystem::create_directory_symlink(std::string(LW_BIN_DIR) + "/teratextures",
+                                              home.File("teratextures"));
+    StartOnDemo();
+    Session().camera = {0.0f, 330.0f, 480.0f, -38.0f, 0.0f, 0.0f};
+    Session().settings.viewGuidelines = false;
     window->UpdateUI();
     auto frame = [&] { return window->view->grabFramebuffer(); };
-    for (const char* name : {"mnuViewTerrain", "mnuViewWater", "mnuViewTextures", "mnuViewTrack", "mnuViewSupports",
-                             "mnuViewGuidelines", "mnuViewTrees", "mnuClipTerrain"}) {
+    for (const char* name : {"mnuViewTerrain", "mnuViewWater", "mnuViewTextures", "mnuViewTrack",
+                             "mnuViewSupports", "mnuViewGuidelines", "mnuViewTrees", "mnuClipTerrain"}) {
         const QImage before = frame();
         Action(name)->trigger();
         EXPECT_NE(frame(), before) << name;

@@ -22,11 +22,8 @@ namespace {
 
 class SculptingTest : public MainWindowTest {
 protected:
-    Editor& Session() { return window->Session(); }
-
     void StartOnDemo() {
-        ASSERT_TRUE(window->Startup(QString::fromStdString(DemoTrack())));
-        ASSERT_TRUE(Session().terrain.terrainPresent);
+        MainWindowTest::StartOnDemo();
         window->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
         Session().cursor = {40.0f, 0.0f, -60.0f};
@@ -50,20 +47,18 @@ protected:
         }
         QTest::mouseRelease(window->view, Qt::LeftButton, {}, centre);
     }
-
-    template <typename T> T* Child(QObject* parent, const char* name) {
-        auto* child = parent->findChild<T*>(name);
-        EXPECT_NE(child, nullptr) << name;
-        return child;
-    }
 };
 
 } // namespace
 
-TEST_F(SculptingTest, DraggingUpInTerrainModeRaisesTheGroundAsOneUndoStep) {
+TEST_F(SculptingTest, DraggingLooksAroundInCameraModeAndRaisesTheGroundAsOneUndoStepInTerrainMode) {
     StartOnDemo();
     EXPECT_FALSE(Action("mnuUndo")->isEnabled());
     const HeightGrid before = Session().terrain.heights;
+    DragInView(-10, 3);
+    EXPECT_EQ(Session().terrain.heights, before) << "camera mode leaves the terrain alone";
+    EXPECT_EQ(Session().undo.UndoCount(), 0);
+    EXPECT_GT(Session().camera.pitch, 0.0f) << "and looks up";
     const float start = HeightUnderCursor();
     window->SetTerrainMode(true);
     Session().settings.sculptMode = 1;
@@ -84,15 +79,6 @@ TEST_F(SculptingTest, DraggingUpInTerrainModeRaisesTheGroundAsOneUndoStep) {
     EXPECT_TRUE(Action("mnuRedo")->isEnabled());
     QTest::keyClick(window->view, Qt::Key_X);
     EXPECT_NEAR(HeightUnderCursor(), std::min(start + 5.0f, 150.0f), 1e-3) << "X redoes the first stroke";
-}
-
-TEST_F(SculptingTest, DraggingInCameraModeLooksAroundAndLeavesTheTerrainAlone) {
-    StartOnDemo();
-    const HeightGrid before = Session().terrain.heights;
-    DragInView(-10, 3);
-    EXPECT_EQ(Session().terrain.heights, before);
-    EXPECT_EQ(Session().undo.UndoCount(), 0);
-    EXPECT_GT(Session().camera.pitch, 0.0f);
 }
 
 TEST_F(SculptingTest, MenusBarAndKeysKeepTheSculptSettingsInStep) {
@@ -136,8 +122,7 @@ TEST_F(SculptingTest, TheSculptSettingsComeBackOnTheNextStart) {
     WriteText(
         home.File("CorvantaLandwright.ini"),
         ";x\r\n[General]\r\nRmbrTools=True\r\n[Tools]\r\nSculptTool=1\r\nSculptMode=1\r\nSculptSize=12\r\n");
-    window = std::make_unique<frmMain>(QString::fromStdString(home.Path().string()));
-    window->SetInteraction(&shell);
+    Restart();
     ASSERT_TRUE(window->Startup(""));
     EXPECT_TRUE(Action("mnuSculptTool_1")->isChecked());
     EXPECT_TRUE(Action("mnuSculptMode_1")->isChecked());
@@ -177,7 +162,7 @@ TEST_F(SculptingTest, ResetAndTheEditingEntriesNeedATerrain) {
          {"mnuCopy", "mnuFlip", "mnuMirror", "mnuInvert", "mnuFlatten", "mnuFlattenToGround",
           "mnuFlattenToWater", "mnuAdjustHeight", "mnuFilter", "mnuReset", "mnuUndo", "mnuRedo"})
         EXPECT_FALSE(Action(name)->isEnabled()) << name;
-    window->Session().OpenTrack(DemoTrack());
+    Session().OpenTrack(DemoTrack());
     EXPECT_TRUE(Action("mnuReset")->isEnabled());
     shell.answers.push_back(Answer::No);
     Action("mnuReset")->trigger();
@@ -209,7 +194,8 @@ TEST_F(SculptingTest, AdjustHeightAppliesTheChosenModeAndCancelChangesNothing) {
     EXPECT_TRUE(Action("mnuUndo")->isEnabled());
 }
 
-TEST_F(SculptingTest, TheFilterDialogLoadsPresetsFiltersKeysAndRefusesAZeroFactor) {
+TEST_F(SculptingTest,
+       TheFilterDialogLoadsPresetsFiltersKeysRefusesAZeroFactorAndAppliesADoubleClickedPreset) {
     StartOnDemo();
     frmFilter dialog(Session(), window.get());
     EXPECT_EQ(dialog.windowTitle(), "Terrain Filter...");
@@ -248,18 +234,15 @@ TEST_F(SculptingTest, TheFilterDialogLoadsPresetsFiltersKeysAndRefusesAZeroFacto
     const HeightGrid& after = Session().terrain.heights;
     EXPECT_EQ(after.At(0, 0), before.At(0, 0)) << "far from the cursor";
     EXPECT_NE(after, before);
-}
 
-TEST_F(SculptingTest, DoubleClickingAPresetAppliesItToTheWholeTerrain) {
-    StartOnDemo();
-    const HeightGrid before = Session().terrain.heights;
-    frmFilter dialog(Session(), window.get());
-    auto* presets = Child<QListWidget>(&dialog, "lstPresets");
-    presets->setCurrentRow(4);
-    emit presets->itemDoubleClicked(presets->item(4));
-    EXPECT_EQ(dialog.result(), QDialog::Accepted);
-    const HeightGrid& after = Session().terrain.heights;
-    EXPECT_FLOAT_EQ(after.At(100, 3), std::max(-10.0f, before.At(100, 3) * 2.0f / 3.0f))
-        << "lower features: 2/3";
-    EXPECT_EQ(Session().undo.UndoCount(), 1);
+    const HeightGrid filtered = after;
+    frmFilter again(Session(), window.get());
+    auto* list = Child<QListWidget>(&again, "lstPresets");
+    Child<QCheckBox>(&again, "chkEffectArea")->setChecked(false);
+    list->setCurrentRow(4);
+    emit list->itemDoubleClicked(list->item(4));
+    EXPECT_EQ(again.result(), QDialog::Accepted) << "a double-click applies the preset";
+    EXPECT_FLOAT_EQ(after.At(100, 3), std::max(-10.0f, filtered.At(100, 3) * 2.0f / 3.0f))
+        << "lower features: 2/3, over the whole terrain";
+    EXPECT_EQ(Session().undo.UndoCount(), 2);
 }

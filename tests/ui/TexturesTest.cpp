@@ -78,7 +78,7 @@ double Spread(const cDIBSection& image) {
 
 } // namespace
 
-TEST_F(TexturesTest, EveryTextureExistsLoadsAndHasItsSize) {
+TEST_F(TexturesTest, EveryTextureLoadsAtItsSizeIsNotFlatTilesWithoutASeamAndDetailIsGray) {
     for (const TextureEntry& entry : kTextures) {
         const std::string path = TexturePath(entry.fileName);
         ASSERT_TRUE(FileExists(path)) << path << " (built by the textures target)";
@@ -87,34 +87,20 @@ TEST_F(TexturesTest, EveryTextureExistsLoadsAndHasItsSize) {
         EXPECT_EQ(image.Width(), entry.size) << path;
         EXPECT_EQ(image.Height(), entry.size) << path;
         EXPECT_GT(Spread(image), 4.0) << path << " is nearly flat";
-    }
-}
-
-TEST_F(TexturesTest, EveryTextureTilesWithoutASeam) {
-    for (const TextureEntry& entry : kTextures) {
-        cDIBSection image;
-        ASSERT_TRUE(LoadPictureFile(TexturePath(entry.fileName), image)) << entry.fileName;
         for (const bool columns : {true, false}) {
             const Seam seam = MeasureSeam(image, columns);
             // The constant leaves room for the compression, whose block edges lie on the picture's edges.
             EXPECT_LE(seam.nearWrap, 2.0 * seam.typical + 1.0)
-                << entry.fileName << (columns ? " left to right" : " top to bottom") << ": " << seam.nearWrap
+                << path << (columns ? " left to right" : " top to bottom") << ": " << seam.nearWrap
                 << " near the wrap, " << seam.typical << " typical";
         }
-    }
-}
-
-TEST_F(TexturesTest, DetailTexturesAreGrayAroundTheMiddle) {
-    for (const TextureEntry& entry : kTextures) {
         if (entry.kind != TextureKind::Detail) continue;
-        cDIBSection image;
-        ASSERT_TRUE(LoadPictureFile(TexturePath(entry.fileName), image)) << entry.fileName;
-        EXPECT_NEAR(MeanGray(image), 127.5, 8.0) << entry.fileName;
+        EXPECT_NEAR(MeanGray(image), 127.5, 8.0) << path;
         int colourful = 0;
         for (int y = 0; y < image.Height(); ++y)
             for (int x = 0; x < image.Width(); ++x)
                 colourful += std::abs(Channel(image, x, y, 0) - Channel(image, x, y, 2)) > 8;
-        EXPECT_LT(colourful, image.Width() * image.Height() / 100) << entry.fileName;
+        EXPECT_LT(colourful, image.Width() * image.Height() / 100) << path;
     }
 }
 

@@ -2,7 +2,6 @@
 #include "frmAskLoad.h"
 
 #include <QCheckBox>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
@@ -21,18 +20,28 @@ template <typename Dialog> AskResult RunWith(const std::function<void(Dialog&)>&
     return dialog.Run();
 }
 
+QString ButtonText(const QWidget& dialog, const char* name) {
+    return dialog.findChild<QPushButton*>(name)->text();
+}
+
 } // namespace
 
 TEST(AskDialogs, CarryTheirCaptionsTextsAndButtons) {
     frmAskLoadTrackTerrain withTerrain(nullptr);
-    EXPECT_EQ(withTerrain.windowTitle(), "Track Contains Terrain Data...");
-    EXPECT_EQ(withTerrain.findChild<QPushButton*>("btnMain_0")->text(), "Load Tracks Terrain");
-    EXPECT_EQ(withTerrain.findChild<QPushButton*>("btnMain_1")->text(), "Merge Track with Current Terrain");
-    EXPECT_TRUE(withTerrain.findChild<QLabel*>("lblText")->text().startsWith("This track already contains terrain data."));
     frmAskLoadNoTerrain without(nullptr);
-    EXPECT_EQ(without.windowTitle(), "Track Does Not Have Terrain...");
-    EXPECT_EQ(without.findChild<QPushButton*>("btnMain_0")->text(), "Remove Terrain");
-    EXPECT_EQ(without.findChild<QPushButton*>("btnMain_1")->text(), "Keep Terrain");
+    const struct {
+        const QDialog& dialog;
+        QString title, first, second;
+    } cases[] = {{withTerrain, "Track Contains Terrain Data...", "Load Tracks Terrain",
+                  "Merge Track with Current Terrain"},
+                 {without, "Track Does Not Have Terrain...", "Remove Terrain", "Keep Terrain"}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(c.dialog.windowTitle(), c.title);
+        EXPECT_EQ(ButtonText(c.dialog, "btnMain_0"), c.first) << c.title.toStdString();
+        EXPECT_EQ(ButtonText(c.dialog, "btnMain_1"), c.second) << c.title.toStdString();
+    }
+    EXPECT_TRUE(withTerrain.findChild<QLabel*>("lblText")->text().startsWith(
+        "This track already contains terrain data."));
     EXPECT_EQ(without.findChild<QCheckBox*>("chkDontAskAgain")->text(), "Don't Ask Me Again.");
     EXPECT_TRUE(without.isModal());
 }
@@ -40,7 +49,7 @@ TEST(AskDialogs, CarryTheirCaptionsTextsAndButtons) {
 TEST(AskDialogs, EscapeAndClosingDoNotAnswerOnlyTheButtonsDo) {
     bool stillOpenAfterEscape = false;
     bool stillOpenAfterClose = false;
-    const AskResult result = RunWith<frmAskLoadNoTerrain>([&](frmAskLoadNoTerrain& d) {
+    AskResult result = RunWith<frmAskLoadNoTerrain>([&](frmAskLoadNoTerrain& d) {
         QTest::keyClick(&d, Qt::Key_Escape);
         stillOpenAfterEscape = d.isVisible();
         d.close();
@@ -52,11 +61,9 @@ TEST(AskDialogs, EscapeAndClosingDoNotAnswerOnlyTheButtonsDo) {
     EXPECT_TRUE(stillOpenAfterClose);
     EXPECT_EQ(result.button, 1);
     EXPECT_TRUE(result.dontAskAgain);
-}
-
-TEST(AskDialogs, TheFirstButtonAnswersZeroWithoutTheBox) {
-    const AskResult result = RunWith<frmAskLoadTrackTerrain>(
-        [](frmAskLoadTrackTerrain& d) { QTest::mouseClick(d.findChild<QPushButton*>("btnMain_0"), Qt::LeftButton); });
-    EXPECT_EQ(result.button, 0);
-    EXPECT_FALSE(result.dontAskAgain);
+    result = RunWith<frmAskLoadTrackTerrain>([](frmAskLoadTrackTerrain& d) {
+        QTest::mouseClick(d.findChild<QPushButton*>("btnMain_0"), Qt::LeftButton);
+    });
+    EXPECT_EQ(result.button, 0) << "the first button answers zero";
+    EXPECT_FALSE(result.dontAskAgain) << "without the box";
 }

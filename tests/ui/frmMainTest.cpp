@@ -11,77 +11,72 @@
 #include <QFile>
 #include <QImage>
 #include <QLabel>
-#include <QTimer>
 #include <QProcess>
+#include <QTimer>
 
 #include <filesystem>
 
 namespace fs = std::filesystem;
 
-TEST_F(MainWindowTest, StartsOnTheDemoTrackWithItsCaption) {
+TEST_F(MainWindowTest, StartsOnTheDemoTrackWithItsCaptionShowingEachStepOnTheSplash) {
+    QStringList statuses;
+    QObject::connect(window.get(), &frmMain::StartupStatus, [&](const QString& text) { statuses << text; });
     ASSERT_TRUE(window->Startup(QString::fromStdString("\"" + DemoTrack() + "\"")));
+    EXPECT_EQ(statuses, (QStringList{"Initializing Settings...", "Initializing OpenGL...", "Opening Track...",
+                                     "Ready."}));
     EXPECT_TRUE(window->Ready());
     EXPECT_TRUE(window->view->ContextReady());
     EXPECT_EQ(window->windowTitle(), "CorvantaLandwright - Demo");
     EXPECT_EQ(window->view->objectName(), "pbOpenGL");
-    EXPECT_TRUE(window->Session().terrain.trackPresent);
-    EXPECT_TRUE(window->Session().terrain.terrainPresent);
-    EXPECT_EQ(window->Session().terrain.trackFolder, DerivedTrackFolder(DemoTrack()));
-}
-
-TEST_F(MainWindowTest, TheSplashShowsEachStartUpStepThenClosesOnItsTimer) {
-    QStringList statuses;
-    QObject::connect(window.get(), &frmMain::StartupStatus, [&](const QString& text) { statuses << text; });
-    ASSERT_TRUE(window->Startup(QString::fromStdString(DemoTrack())));
-    EXPECT_EQ(statuses, (QStringList{"Initializing Settings...", "Initializing OpenGL...", "Opening Track...", "Ready."}));
-    auto* splash = window->findChild<frmSplash*>("frmSplash");
-    ASSERT_NE(splash, nullptr);
+    EXPECT_TRUE(Session().terrain.trackPresent);
+    EXPECT_TRUE(Session().terrain.terrainPresent);
+    EXPECT_EQ(Session().terrain.trackFolder, DerivedTrackFolder(DemoTrack()));
+    auto* splash = Child<frmSplash>(window.get(), "frmSplash");
     EXPECT_EQ(splash->lblStatus->text(), "Ready.");
     EXPECT_TRUE(splash->tmrSplash->isActive());
     EXPECT_TRUE(WaitFor([&] { return window->findChild<frmSplash*>("frmSplash") == nullptr; }));
 }
 
-TEST_F(MainWindowTest, AMissingCommandLineFileIsIgnored) {
+TEST_F(MainWindowTest, AMissingCommandLineFileIsIgnoredAndMenuEntriesAreEnabledByState) {
     ASSERT_TRUE(window->Startup("/no/such/track.cvtrack"));
     EXPECT_EQ(window->windowTitle(), "CorvantaLandwright");
     EXPECT_TRUE(shell.messages.empty());
-    EXPECT_FALSE(window->Session().terrain.trackPresent);
-}
-
-TEST_F(MainWindowTest, MenuEntriesExistAndAreEnabledByState) {
-    ASSERT_TRUE(window->Startup(""));
-    for (const char* name : {"mnuOpen", "mnuClearRecent", "mnuSave", "mnuSaveAs", "mnuRideTrack", "mnuOptions",
-                             "mnuExit", "mnuDeleteTerrain", "mnuRemoveTrack", "mnuViewTerrain", "mnuViewWater",
-                             "mnuViewSkybox", "mnuViewTextures", "mnuViewTrack", "mnuViewGuidelines",
-                             "mnuViewSupports", "mnuViewTrees", "mnuClipTerrain", "mnuStayAbove", "mnuHelpIndex",
-                             "mnuKeyboardShortcuts", "mnuAbout", "mnuRecent_0", "mnuRecent_4"})
+    EXPECT_FALSE(Session().terrain.trackPresent);
+    for (const char* name : {"mnuOpen",         "mnuClearRecent",   "mnuSave",
+                             "mnuSaveAs",       "mnuRideTrack",     "mnuOptions",
+                             "mnuExit",         "mnuDeleteTerrain", "mnuRemoveTrack",
+                             "mnuViewTerrain",  "mnuViewWater",     "mnuViewSkybox",
+                             "mnuViewTextures", "mnuViewTrack",     "mnuViewGuidelines",
+                             "mnuViewSupports", "mnuViewTrees",     "mnuClipTerrain",
+                             "mnuStayAbove",    "mnuHelpIndex",     "mnuKeyboardShortcuts",
+                             "mnuAbout",        "mnuRecent_0",      "mnuRecent_4"})
         Action(name);
-    EXPECT_FALSE(Action("mnuSave")->isEnabled());
-    EXPECT_FALSE(Action("mnuRideTrack")->isEnabled());
-    EXPECT_FALSE(Action("mnuDeleteTerrain")->isEnabled());
+    for (const char* name : {"mnuSave", "mnuRideTrack", "mnuDeleteTerrain"})
+        EXPECT_FALSE(Action(name)->isEnabled()) << name;
     EXPECT_TRUE(Action("mnuOpen")->isEnabled());
-    EXPECT_EQ(Action("mnuSave")->shortcut(), QKeySequence(Qt::Key_F2));
-    EXPECT_EQ(Action("mnuSaveAs")->shortcut(), QKeySequence(Qt::Key_F12));
-    EXPECT_EQ(Action("mnuRideTrack")->shortcut(), QKeySequence(Qt::Key_F5));
+    const std::pair<const char*, Qt::Key> shortcuts[] = {
+        {"mnuSave", Qt::Key_F2}, {"mnuSaveAs", Qt::Key_F12}, {"mnuRideTrack", Qt::Key_F5}};
+    for (const auto& [name, key] : shortcuts)
+        EXPECT_EQ(Action(name)->shortcut(), QKeySequence(key)) << name;
 
-    window->Session().settings.askLoadNoTerrain = 2;
-    window->Session().OpenTrack(DemoTrackWithoutTerrain());
+    Session().settings.askLoadNoTerrain = 2;
+    Session().OpenTrack(DemoTrackWithoutTerrain());
     EXPECT_TRUE(Action("mnuSave")->isEnabled());
     EXPECT_TRUE(Action("mnuRemoveTrack")->isEnabled());
     EXPECT_FALSE(Action("mnuDeleteTerrain")->isEnabled());
-    window->Session().OpenTrack(DemoTrack());
+    Session().OpenTrack(DemoTrack());
     EXPECT_TRUE(Action("mnuDeleteTerrain")->isEnabled());
 }
 
 TEST_F(MainWindowTest, RecentFilesAppearInTheMenuAndReopen) {
     ASSERT_TRUE(window->Startup(""));
-    window->Session().ClearRecentFiles();
+    Session().ClearRecentFiles();
     EXPECT_FALSE(Action("mnuRecent_0")->isVisible());
     EXPECT_FALSE(Action("mnuClearRecent")->isEnabled());
-    window->Session().settings.askLoadTrackTerrain = 1;
-    window->Session().settings.askLoadNoTerrain = 1;
-    window->Session().OpenTrack(DemoTrack());
-    window->Session().OpenTrack(DemoTrackWithoutTerrain());
+    Session().settings.askLoadTrackTerrain = 1;
+    Session().settings.askLoadNoTerrain = 1;
+    Session().OpenTrack(DemoTrack());
+    Session().OpenTrack(DemoTrackWithoutTerrain());
     EXPECT_TRUE(Action("mnuRecent_1")->isVisible());
     EXPECT_EQ(Action("mnuRecent_0")->text(), "&1 DemoNoTerrain");
     EXPECT_EQ(Action("mnuRecent_1")->text(), "&2 Demo");
@@ -100,9 +95,9 @@ TEST_F(MainWindowTest, ViewSwitchesFollowAndChangeTheSettings) {
     EXPECT_TRUE(Action("mnuViewGuidelines")->isChecked());
     EXPECT_FALSE(Action("mnuViewWater")->isChecked());
     Action("mnuViewWater")->trigger();
-    EXPECT_TRUE(window->Session().settings.viewWater);
+    EXPECT_TRUE(Session().settings.viewWater);
     Action("mnuClipTerrain")->trigger();
-    EXPECT_TRUE(window->Session().settings.clipTerrain);
+    EXPECT_TRUE(Session().settings.clipTerrain);
 }
 
 TEST_F(MainWindowTest, RidingTheTrackStartsTheSimulatorWithTheSavedTrack) {
@@ -112,12 +107,12 @@ TEST_F(MainWindowTest, RidingTheTrackStartsTheSimulatorWithTheSavedTrack) {
     WriteText(home.File("CorvantaSimulator.exe"), "#!/bin/sh\nprintf '%s\\n' \"$@\" > '" + record + "'\n");
     fs::permissions(home.File("CorvantaSimulator.exe"), fs::perms::owner_all);
     ASSERT_TRUE(window->Startup(QString::fromStdString(track)));
-    window->Session().terrain.heights.At(10, 10) = 33.0f;
-    window->Session().terrain.terrainChanged = true;
+    Session().terrain.heights.At(10, 10) = 33.0f;
+    Session().terrain.terrainChanged = true;
     Action("mnuRideTrack")->trigger();
     ASSERT_TRUE(WaitFor([&] { return fs::exists(record) && fs::file_size(record) > 0; }));
     EXPECT_EQ(ReadText(record), "-s\n" + track + "\n");
-    EXPECT_FALSE(window->Session().terrain.terrainChanged);
+    EXPECT_FALSE(Session().terrain.terrainChanged);
     TrackDocument saved;
     ASSERT_TRUE(ReadTrackFile(track, saved));
     EXPECT_EQ(saved.terrain.terrain.heights.At(10, 10), 33.0f);
@@ -125,7 +120,7 @@ TEST_F(MainWindowTest, RidingTheTrackStartsTheSimulatorWithTheSavedTrack) {
 
 TEST_F(MainWindowTest, ClosingWithUnsavedChangesAsksAndNoKeepsTheWindow) {
     ASSERT_TRUE(window->Startup(QString::fromStdString(DemoTrack())));
-    window->Session().terrain.terrainChanged = true;
+    Session().terrain.terrainChanged = true;
     shell.answers = {Answer::No};
     EXPECT_FALSE(window->close());
     EXPECT_TRUE(window->isVisible());

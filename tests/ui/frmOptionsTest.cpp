@@ -2,6 +2,7 @@
 // writes, what Cancel leaves alone, the colour swatches and the tab labels.
 #include "frmOptions.h"
 #include "Editor.h"
+#include "MainWindowFixture.h"
 #include "ScriptedShell.h"
 #include "TestSupport.h"
 
@@ -17,7 +18,6 @@
 
 #include <filesystem>
 #include <memory>
-#include <stdexcept>
 
 namespace {
 
@@ -66,18 +66,13 @@ protected:
         dialog->show();
     }
 
-    // A control by its object name; a missing one ends the test.
     template <typename Widget> Widget* Child(const QString& name) const {
-        auto* widget = dialog->findChild<Widget*>(name);
-        if (widget == nullptr) throw std::runtime_error("no control " + name.toStdString());
-        return widget;
+        return ::Child<Widget>(dialog.get(), name);
     }
     QRadioButton* Option(const char* name, int index) const {
         return Child<QRadioButton>(QString("%1_%2").arg(name).arg(index));
     }
     QLabel* Swatch(int index) const { return Child<QLabel>(QString("lblColors_%1").arg(index)); }
-
-    void Click(QWidget* widget) const { QTest::mouseClick(widget, Qt::LeftButton); }
 };
 
 TEST_F(OptionsDialogTest, OpeningShowsTheCurrentSettings) {

@@ -17,19 +17,8 @@
 
 #include <functional>
 #include <memory>
-#include <stdexcept>
 
 namespace {
-
-template <typename Widget> Widget* Child(const QObject* parent, const QString& name) {
-    auto* widget = parent->findChild<Widget*>(name);
-    if (widget == nullptr) throw std::runtime_error("no control " + name.toStdString());
-    return widget;
-}
-
-void Click(QWidget* widget) {
-    QTest::mouseClick(widget, Qt::LeftButton);
-}
 
 bool ShownRed(const QLineEdit* box) {
     return box->palette().color(QPalette::Active, QPalette::Text) == QColor(255, 0, 0);

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <utility>
@@ -30,11 +31,16 @@ bool FacesUpFromAbove(const Vector3& a, const Vector3& b, const Vector3& c) {
     return uz * vx - ux * vz > 0.0;
 }
 
+std::array<int, 4> Bounds(const CellRange& r) {
+    return {r.firstColumn, r.lastColumn, r.firstRow, r.lastRow};
+}
+
 } // namespace
 
-TEST(RenderMesh, PointsAreCentredAndNormalsOfFlatGroundPointUp) {
+TEST(RenderMesh, PointsAreCentredCellsFaceUpInDrawingOrderAndNormalsLeanAwayFromTheRise) {
+    TerrainData t = Grid(5, 3, 2.0f);
     RenderMesh mesh;
-    mesh.Build(Grid(5, 3, 2.0f));
+    mesh.Build(t);
     EXPECT_FLOAT_EQ(mesh.Vertex(0, 0).x, -2.0f * 1024.0f / 5.0f);
     EXPECT_FLOAT_EQ(mesh.Vertex(4, 2).z, 1024.0f / 3.0f);
     EXPECT_FLOAT_EQ(mesh.Vertex(2, 1).x, 0.0f);
@@ -47,35 +53,22 @@ TEST(RenderMesh, PointsAreCentredAndNormalsOfFlatGroundPointUp) {
                 EXPECT_NEAR(n.y, 1.0, 1e-6) << column << "," << row << "," << which;
                 EXPECT_NEAR(n.x, 0.0, 1e-6);
             }
-}
-
-TEST(RenderMesh, TheTwoTrianglesOfACellFaceUpInTheirDrawingOrder) {
     // The renderer draws B, A, D and A, C, D: both must be front-facing from above.
-    RenderMesh mesh;
-    mesh.Build(Grid(4, 4));
-    const Vector3& a = mesh.Vertex(0, 0);
-    const Vector3& b = mesh.Vertex(1, 0);
-    const Vector3& c = mesh.Vertex(0, 1);
-    const Vector3& d = mesh.Vertex(1, 1);
+    const Vector3 &a = mesh.Vertex(0, 0), &b = mesh.Vertex(1, 0), &c = mesh.Vertex(0, 1),
+                  &d = mesh.Vertex(1, 1);
     EXPECT_TRUE(FacesUpFromAbove(b, a, d));
     EXPECT_TRUE(FacesUpFromAbove(a, c, d));
-}
-
-TEST(RenderMesh, ASlopeTiltsTheNormalsAwayFromTheRise) {
-    TerrainData t = Grid(4, 4);
-    for (int row = 0; row < 4; ++row)
-        for (int column = 0; column < 4; ++column) t.heights.At(row, column) = static_cast<float>(column) * 10.0f;
-    RenderMesh mesh;
+    for (int row = 0; row < 3; ++row)
+        for (int column = 0; column < 5; ++column)
+            t.heights.At(row, column) = static_cast<float>(column) * 10.0f;
     mesh.Build(t);
     EXPECT_LT(mesh.Normal(2, 1, 0).x, 0.0f) << "ground rising towards +x faces -x";
     EXPECT_GT(mesh.Normal(2, 1, 0).y, 0.0f);
     EXPECT_NEAR(mesh.Normal(2, 1, 0).x, mesh.Normal(2, 1, 1).x, 1e-6);
 }
 
-TEST(RenderMesh, TextureRepeatsCoverTheRoundedNumberOfPoints) {
-    TerrainData t = Grid(205, 205);
-    t.groundTiling = 10.0f; // one repeat per round(20.5) = 20 points
-    t.waterTiling = 50.0f;  // one repeat per round(4.1) = 4 points
+TEST(RenderMesh, TextureRepeatsCoverTheRoundedNumberOfPointsAndDrawnCellsTheGridOrTheCentre) {
+    TerrainData t = Grid(205, 205); // ground tiling 10: one repeat per round(20.5) = 20 points, water 50: 4
     RenderMesh mesh;
     mesh.Build(t);
     EXPECT_FLOAT_EQ(mesh.GroundUV(20, 0).u, 1.0f);
@@ -85,68 +78,25 @@ TEST(RenderMesh, TextureRepeatsCoverTheRoundedNumberOfPoints) {
     t.groundTiling = 1000.0f; // more repeats than points: one point per repeat
     mesh.Build(t);
     EXPECT_FLOAT_EQ(mesh.GroundUV(3, 0).u, 3.0f);
-}
-
-TEST(RenderMesh, DrawnCellsCoverTheGridOrTheCentralSceneArea) {
-    TerrainData t = Grid(205, 205);
-    const CellRange all = DrawnCells(t, false);
-    EXPECT_EQ(all.firstColumn, 1);
-    EXPECT_EQ(all.lastColumn, 204);
-    EXPECT_EQ(all.firstRow, 0);
-    EXPECT_EQ(all.lastRow, 203);
-    TerrainData four = Grid(256, 256); // cells of 4 units
-    const CellRange clipped = DrawnCells(four, true);
+    EXPECT_EQ(Bounds(DrawnCells(t, false)), (std::array{1, 204, 0, 203}));
+    const CellRange clipped = DrawnCells(Grid(256, 256), true); // cells of 4 units
     EXPECT_EQ(clipped.lastColumn - clipped.firstColumn + 1, 110);
     EXPECT_EQ(clipped.firstColumn + clipped.lastColumn, 255) << "centred";
     EXPECT_EQ(clipped.lastRow - clipped.firstRow + 1, 109);
 }
 
-TEST(RenderMesh, BrushHighlightIsLopsidedAndEmptyAtSizeZero) {
-    TerrainData t = Grid(101, 101);
+TEST(RenderMesh, BrushHighlightIsLopsidedClampedAndEmptyAtSizeZeroAndGridIndexRoundsTiesToEven) {
+    const TerrainData t = Grid(101, 101);
     // The cursor at (5, 5) stands over point (51, 51): 517 / (1024 / 101) = 50.99.
-    CellRange cells = BrushCells(t, 5.0f, 5.0f, 2);
-    EXPECT_EQ(cells.firstColumn, 50);
-    EXPECT_EQ(cells.lastColumn, 53);
-    EXPECT_EQ(cells.firstRow, 49);
-    EXPECT_EQ(cells.lastRow, 52);
+    EXPECT_EQ(Bounds(BrushCells(t, 5.0f, 5.0f, 2)), (std::array{50, 53, 49, 52}));
     EXPECT_TRUE(BrushCells(t, 0.0f, 0.0f, 0).Empty());
-    // At the grid's corner the bounds are clamped first.
-    cells = BrushCells(t, -600.0f, -600.0f, 3);
-    EXPECT_EQ(cells.firstColumn, 1);
-    EXPECT_EQ(cells.lastColumn, 3);
-    EXPECT_EQ(cells.firstRow, 0);
-    EXPECT_EQ(cells.lastRow, 2);
-}
-
-TEST(RenderMesh, GridIndexRoundsTiesToEven) {
+    EXPECT_EQ(Bounds(BrushCells(t, -600.0f, -600.0f, 3)), (std::array{1, 3, 0, 2}))
+        << "the corner clamps first";
     EXPECT_EQ(GridIndexUnder(-512.0f, 4.0f), 0);
     EXPECT_EQ(GridIndexUnder(-502.0f, 4.0f), 2) << "10 / 4 = 2.5 rounds to 2";
     EXPECT_EQ(GridIndexUnder(-498.0f, 4.0f), 4) << "14 / 4 = 3.5 rounds to 4";
     EXPECT_EQ(GridIndexUnder(-511.5f, 1.0f), 0) << "0.5 rounds to 0 first";
     EXPECT_EQ(GridIndexUnder(0.0f, std::nanf("")), 1000000);
-}
-
-TEST(RenderMesh, AnAreaRefreshGivesWhatAFullRebuildGives) {
-    TerrainData t = Grid(40, 30);
-    RenderMesh partial;
-    partial.Build(t);
-    for (int row = 10; row <= 14; ++row)
-        for (int column = 20; column <= 23; ++column) t.heights.At(row, column) = 30.0f + row - column;
-    partial.UpdateArea(t, 20, 10, 23, 14);
-    RenderMesh full;
-    full.Build(t);
-    for (int row = 0; row <= 28; ++row)
-        for (int column = 1; column <= 39; ++column)
-            for (int which = 0; which < 2; ++which) {
-                const Vector3& a = partial.Normal(column, row, which);
-                const Vector3& b = full.Normal(column, row, which);
-                ASSERT_TRUE(a.x == b.x && a.y == b.y && a.z == b.z) << column << "," << row;
-            }
-    ASSERT_EQ(partial.Blocks().size(), full.Blocks().size());
-    for (std::size_t i = 0; i < full.Blocks().size(); ++i) {
-        EXPECT_EQ(partial.Blocks()[i].high.y, full.Blocks()[i].high.y) << i;
-        EXPECT_EQ(partial.Blocks()[i].low.y, full.Blocks()[i].low.y) << i;
-    }
 }
 
 TEST(RenderMesh, BlocksCoverEveryCellOnceAndBoundTheirPoints) {
@@ -170,7 +120,8 @@ TEST(RenderMesh, BlocksCoverEveryCellOnceAndBoundTheirPoints) {
     const CellRange all = DrawnCells(t, false);
     for (int row = 0; row < 37; ++row)
         for (int column = 0; column < 50; ++column)
-            EXPECT_EQ(covered[static_cast<std::size_t>(row * 50 + column)], all.Contains(column, row) ? 1 : 0);
+            EXPECT_EQ(covered[static_cast<std::size_t>(row * 50 + column)],
+                      all.Contains(column, row) ? 1 : 0);
 }
 
 namespace {
@@ -185,8 +136,12 @@ TerrainData Rolling(int columns, int rows) {
     return t;
 }
 
-void Append(std::vector<float>& out, const Vector3& v) { out.insert(out.end(), {v.x, v.y, v.z}); }
-void Append(std::vector<float>& out, const TexCoord& t) { out.insert(out.end(), {t.u, t.v}); }
+void Append(std::vector<float>& out, const Vector3& v) {
+    out.insert(out.end(), {v.x, v.y, v.z});
+}
+void Append(std::vector<float>& out, const TexCoord& t) {
+    out.insert(out.end(), {t.u, t.v});
+}
 
 // What the ground and water of every block look like, cell by cell in block order: each corner's
 // position and texture coordinates, and for the ground the normal on each triangle's last corner.
@@ -245,11 +200,18 @@ TEST(RenderMeshArrays, TheBlocksSendWhatTheCellByCellPathSendsAfterEveryChange) 
     RenderMesh fresh;
     fresh.Build(t);
     EXPECT_EQ(Sent(mesh, true), Sent(fresh, true)) << "a refresh leaves what a rebuild leaves";
+    ASSERT_EQ(mesh.Blocks().size(), fresh.Blocks().size());
+    for (std::size_t i = 0; i < fresh.Blocks().size(); ++i) {
+        EXPECT_EQ(mesh.Blocks()[i].high.y, fresh.Blocks()[i].high.y) << i;
+        EXPECT_EQ(mesh.Blocks()[i].low.y, fresh.Blocks()[i].low.y) << i;
+    }
     // A smaller terrain built over the old one keeps nothing of it.
     mesh.Build(Rolling(40, 37));
     EXPECT_EQ(Sent(mesh, true), Sent(mesh, false));
-    for (int column = 0; column <= 40; ++column) EXPECT_EQ(mesh.Vertex(column, 37).y, 0.0f);
-    for (int row = 0; row <= 37; ++row) EXPECT_EQ(mesh.GroundUV(40, row).u, 0.0f);
+    for (int column = 0; column <= 40; ++column)
+        EXPECT_EQ(mesh.Vertex(column, 37).y, 0.0f);
+    for (int row = 0; row <= 37; ++row)
+        EXPECT_EQ(mesh.GroundUV(40, row).u, 0.0f);
 }
 
 TEST(RenderMeshArrays, CellSpansKeepTheCellOrderAndSplitOnlyWhereTheHighlightChanges) {
@@ -263,8 +225,10 @@ TEST(RenderMeshArrays, CellSpansKeepTheCellOrderAndSplitOnlyWhereTheHighlightCha
                          {0, 53, false}, {53, 56, true}, {56, 69, false}, {69, 72, true}, {72, 256, false}}));
     const struct {
         CellRange block, part, brush;
-    } cases[] = {{full, {20, 30, 18, 25}, {22, 24, 19, 20}}, {full, {17, 32, 20, 20}, {10, 40, 20, 20}},
-                 {full, full, {30, 40, 30, 40}},             {narrow, narrow, CellRange{}},
+    } cases[] = {{full, {20, 30, 18, 25}, {22, 24, 19, 20}},
+                 {full, {17, 32, 20, 20}, {10, 40, 20, 20}},
+                 {full, full, {30, 40, 30, 40}},
+                 {narrow, narrow, CellRange{}},
                  {narrow, {34, 39, 3, 9}, {36, 36, 0, 5}}};
     for (const auto& c : cases) {
         CellSpans(c.block, c.part, c.brush, spans);
@@ -275,7 +239,8 @@ TEST(RenderMeshArrays, CellSpansKeepTheCellOrderAndSplitOnlyWhereTheHighlightCha
                                           c.block.firstColumn,
                                       c.brush.Contains(column, row));
         for (const CellSpan& span : spans)
-            for (int slot = span.first; slot < span.end; ++slot) got.emplace_back(slot, span.highlighted);
+            for (int slot = span.first; slot < span.end; ++slot)
+                got.emplace_back(slot, span.highlighted);
         EXPECT_EQ(got, expected) << c.part.firstColumn << "," << c.part.firstRow;
     }
     CellSpans(narrow, narrow, CellRange{}, spans);

@@ -77,26 +77,31 @@ bool Finite(const Vector3& v) {
 
 const Vector3 kEast{1.0f, 0.0f, 0.0f};
 
-} // namespace
-
-TEST(TraceTrack, FewerThanTwoVerticesGiveNoSpineAndClearAnOldOne) {
-    TrackSpine spine = Traced(Straight({0, 10, 0}, {40, 10, 0}));
-    ASSERT_FALSE(spine.drawnPoints.empty());
-    TrackDocument doc;
-    EXPECT_FALSE(TraceTrack(doc, spine));
-    EXPECT_TRUE(spine.segments.empty());
-    EXPECT_TRUE(spine.drawnPoints.empty());
-    doc.bezier.vertices.push_back(Vertex({5, 5, 5}, kEast, 1, 1));
-    spine = Traced(Straight({0, 10, 0}, {40, 10, 0}));
-    EXPECT_FALSE(TraceTrack(doc, spine));
-    EXPECT_TRUE(spine.segments.empty());
-    EXPECT_TRUE(spine.drawnPoints.empty());
+// The level test stretch: 40 units heading +x at height 10, with the given rolls and style.
+TrackSpine Level(float startRoll = 0.0f, float endRoll = 0.0f, int style = 1) {
+    return Traced(Straight({0, 10, 0}, {40, 10, 0}, startRoll, endRoll, style));
 }
 
-TEST(TraceTrack, TracingAgainLeavesNothingOfThePreviousTrack) {
+Vector3 Ahead(const TracedPoint& p) { // local -z is the direction of travel
+    Vector3 ahead;
+    TransformPoint(ahead, p.frame, {0.0f, 0.0f, -1.0f});
+    return ahead;
+}
+
+} // namespace
+
+TEST(TraceTrack, FewerThanTwoVerticesGiveNoSpineAndTracingAgainLeavesNothingOfTheOldOne) {
+    TrackDocument doc;
+    for (int vertices = 0; vertices < 2; ++vertices) {
+        TrackSpine spine = Level();
+        ASSERT_FALSE(spine.drawnPoints.empty());
+        EXPECT_FALSE(TraceTrack(doc, spine)) << vertices;
+        EXPECT_TRUE(spine.segments.empty()) << vertices;
+        EXPECT_TRUE(spine.drawnPoints.empty()) << vertices;
+        doc.bezier.vertices.push_back(Vertex({5, 5, 5}, kEast, 1, 1));
+    }
     TrackSpine spine = Traced(MakeDemoTrack());
-    const TrackDocument small = Straight({300, 40, 300}, {310, 40, 300});
-    ASSERT_TRUE(TraceTrack(small, spine));
+    ASSERT_TRUE(TraceTrack(Straight({300, 40, 300}, {310, 40, 300}), spine));
     ASSERT_EQ(spine.segments.size(), 1u);
     EXPECT_EQ(spine.drawnPoints.size(), spine.segments[0].points.size());
     for (const DrawnPoint& p : spine.drawnPoints)
@@ -104,40 +109,28 @@ TEST(TraceTrack, TracingAgainLeavesNothingOfThePreviousTrack) {
     EXPECT_EQ(spine.style, 1);
 }
 
-TEST(TraceTrack, AStraightLevelStretchIsSampledEvenlyOnTheLine) {
-    const TrackSpine spine = Traced(Straight({0, 10, 0}, {40, 10, 0}));
+TEST(TraceTrack, AStraightLevelStretchIsSampledEvenlyOnTheLineWithRailsHangingSymmetricallyBelow) {
+    const TrackSpine spine = Level();
     const std::vector<TracedPoint>& points = spine.segments.at(0).points;
     ASSERT_EQ(points.size(), 21u); // 40 units in steps of 2
+    ASSERT_EQ(InDrawnOrder(spine).size(), spine.drawnPoints.size());
     EXPECT_EQ(points.front().parameter, 0.0f);
     EXPECT_EQ(points.back().parameter, 1.0f);
     for (std::size_t k = 0; k < points.size(); ++k) {
-        EXPECT_NEAR(points[k].position.x, 2.0f * static_cast<float>(k), 1e-3f);
-        EXPECT_NEAR(points[k].position.y, 10.0f, 1e-5f);
-        EXPECT_NEAR(points[k].position.z, 0.0f, 1e-5f);
-        Vector3 ahead;
-        TransformPoint(ahead, points[k].frame, {0.0f, 0.0f, -1.0f}); // local -z is the direction of travel
-        EXPECT_NEAR(Distance(ahead, Plus(points[k].position, kEast)), 0.0, 1e-5);
-    }
-}
-
-TEST(TraceTrack, RailsOfALevelTrackHangSymmetricallyBelowTheHeartline) {
-    const TrackSpine spine = Traced(Straight({0, 10, 0}, {40, 10, 0}));
-    const std::vector<TracedPoint> points = InDrawnOrder(spine);
-    ASSERT_EQ(points.size(), spine.drawnPoints.size());
-    for (std::size_t k = 0; k < points.size(); ++k) {
-        const DrawnPoint& p = spine.drawnPoints[k];
         const Vector3& heart = points[k].position;
-        EXPECT_NEAR(p.p2.y, p.p3.y, 1e-5f);
-        EXPECT_NEAR(Distance(p.p2, heart), Distance(p.p3, heart), 1e-5);
-        EXPECT_GE(heart.y - p.p2.y, 1.1f);
-        EXPECT_LE(heart.y - p.p2.y, 1.5f);
-        EXPECT_NEAR(p.p3.z, -p.p2.z, 1e-5f);
-        EXPECT_GT(p.p3.z, 0.0f); // heading +x, the right side is +z
-        EXPECT_NEAR(p.p2.x, heart.x, 1e-5f);
+        const DrawnPoint& p = spine.drawnPoints[k];
+        EXPECT_NEAR(Distance(heart, {2.0f * static_cast<float>(k), 10.0f, 0.0f}), 0.0, 1e-3) << k;
+        EXPECT_NEAR(Distance(Ahead(points[k]), Plus(heart, kEast)), 0.0, 1e-5) << k;
+        EXPECT_NEAR(p.p2.y, p.p3.y, 1e-5f) << k;
+        EXPECT_NEAR(Distance(p.p2, heart), Distance(p.p3, heart), 1e-5) << k;
+        EXPECT_TRUE(heart.y - p.p2.y >= 1.1f && heart.y - p.p2.y <= 1.5f) << k;
+        EXPECT_NEAR(p.p3.z, -p.p2.z, 1e-5f) << k;
+        EXPECT_GT(p.p3.z, 0.0f) << "heading +x, the right side is +z";
+        EXPECT_NEAR(p.p2.x, heart.x, 1e-5f) << k;
     }
 }
 
-TEST(TraceTrack, PositiveRollLowersTheRightRailWhicheverWayTheTrackRuns) {
+TEST(TraceTrack, PositiveRollLowersTheRightRailWhicheverWayTheTrackRunsAndEasesBetweenVertices) {
     for (const Vector3 to : {Vector3{40, 10, 0}, Vector3{-40, 10, 0}, Vector3{0, 10, 40}}) {
         const TrackSpine spine = Traced(Straight({0, 10, 0}, to, 30.0f, 30.0f));
         for (const DrawnPoint& p : spine.drawnPoints) {
@@ -150,21 +143,17 @@ TEST(TraceTrack, PositiveRollLowersTheRightRailWhicheverWayTheTrackRuns) {
         VectorSubtract(across, p.p2, p.p3);
         Normalize(forward, forward);
         CrossProduct(right, forward, {0.0f, 1.0f, 0.0f});
-        EXPECT_GT(DotProduct(across, right), 0.0);
+        EXPECT_GT(DotProduct(across, right), 0.0) << to.x << "," << to.z;
     }
-}
-
-TEST(TraceTrack, RollEasesFromOneVertexToTheNext) {
-    const TrackSpine spine = Traced(Straight({0, 10, 0}, {40, 10, 0}, 0.0f, 40.0f));
-    const std::vector<DrawnPoint>& p = spine.drawnPoints;
+    const std::vector<DrawnPoint> p = Level(0.0f, 40.0f).drawnPoints;
     ASSERT_EQ(p.size(), 21u);
     EXPECT_NEAR(BankDegrees(p.front()), 0.0, 1e-3);
     EXPECT_NEAR(BankDegrees(p[10]), 20.0, 1e-3);
     EXPECT_NEAR(BankDegrees(p.back()), 40.0, 1e-3);
-    EXPECT_LT(BankDegrees(p[5]), 10.0); // slow at the vertices, faster in between
+    EXPECT_LT(BankDegrees(p[5]), 10.0) << "slow at the vertices, faster in between";
     EXPECT_GT(BankDegrees(p[15]), 30.0);
     for (std::size_t k = 1; k < p.size(); ++k)
-        EXPECT_GE(BankDegrees(p[k]), BankDegrees(p[k - 1]) - 1e-6);
+        EXPECT_GE(BankDegrees(p[k]), BankDegrees(p[k - 1]) - 1e-6) << k;
 }
 
 TEST(TraceTrack, SegmentTypesFollowTheirStretchesAndMissingRecordsAreTrack) {
@@ -189,32 +178,25 @@ TEST(TraceTrack, SegmentTypesFollowTheirStretchesAndMissingRecordsAreTrack) {
     EXPECT_EQ(spine.drawnPoints[joint + 1].segmentType, kBrake);
 }
 
-TEST(TraceSampling, PointsStayNearTheStepWhereverTheControlsLie) {
+TEST(TraceSampling, PointsStayNearTheStepWhereverTheControlsLieWithinAMinimumAndACap) {
     // Controls bunched at the start: sampling evenly in the curve parameter would crowd the points there.
     const TrackDocument bunched = Track({Vertex({0, 0, 0}, kEast, 1, 0), Vertex({60, 0, 0}, kEast, 58, 1)});
-    // A quarter circle of radius 30.
-    const float k = 0.5523f * 30.0f;
+    const float k = 0.5523f * 30.0f; // a quarter circle of radius 30
     const TrackDocument bend = Track({Vertex({0, 0, 0}, kEast, k, k), Vertex({30, 0, 30}, {0, 0, 1}, k, k)});
     for (const TrackDocument* doc : {&bunched, &bend}) {
-        const TrackSpine spine = Traced(*doc);
-        const std::vector<TracedPoint>& points = spine.segments.at(0).points;
+        const std::vector<TracedPoint> points = Traced(*doc).segments.at(0).points;
         ASSERT_GE(points.size(), 20u);
         for (std::size_t i = 1; i < points.size(); ++i) {
             const double gap = Distance(points[i - 1].position, points[i].position);
-            EXPECT_GT(gap, 0.9 * kTraceStep);
-            EXPECT_LE(gap, kTraceStep + 1e-2);
+            EXPECT_TRUE(gap > 0.9 * kTraceStep && gap <= kTraceStep + 1e-2) << i << ": " << gap;
         }
         for (const TracedPoint& p : points)
             EXPECT_TRUE(Finite(Column(p.frame, 0)) && Finite(Column(p.frame, 2)));
     }
     // A control point on its vertex still gives the direction of travel there.
     const TracedPoint first = Traced(bunched).segments[0].points.front();
-    Vector3 ahead;
-    TransformPoint(ahead, first.frame, {0.0f, 0.0f, -1.0f});
-    EXPECT_NEAR(Distance(ahead, Plus(first.position, kEast)), 0.0, 1e-4);
-}
+    EXPECT_NEAR(Distance(Ahead(first), Plus(first.position, kEast)), 0.0, 1e-4);
 
-TEST(TraceSampling, ShortStretchesKeepAMinimumAndLongOnesACap) {
     EXPECT_EQ(Traced(Straight({0, 0, 0}, {1, 0, 0})).segments[0].points.size(),
               static_cast<std::size_t>(kTraceMinSteps) + 1);
     EXPECT_EQ(Traced(Straight({0, 0, 0}, {1000, 0, 0})).segments[0].points.size(),
@@ -224,41 +206,27 @@ TEST(TraceSampling, ShortStretchesKeepAMinimumAndLongOnesACap) {
         EXPECT_TRUE(Finite(p.p1) && Finite(p.p2) && Finite(p.p7));
 }
 
-TEST(TrackStyles, EveryStyleHasAPlausibleCrossSection) {
+TEST(TrackStyles, EveryStyleHasAPlausibleCrossSectionLaidOutAroundTheHeartline) {
     for (int style = -1; style <= kStyleCount; ++style) {
         const RailLayout& l = RailLayoutOf(style);
         SCOPED_TRACE(style);
-        EXPECT_EQ(l.p2.x, -l.p3.x);
-        EXPECT_EQ(l.p2.y, l.p3.y);
-        EXPECT_LT(l.p2.x, 0.0f);
-        EXPECT_GE(-l.p2.y, 1.1f);
-        EXPECT_LE(-l.p2.y, 1.5f);
+        EXPECT_TRUE(l.p2.x == -l.p3.x && l.p2.y == l.p3.y && l.p2.x < 0.0f) << "rails mirrored, left at -x";
+        EXPECT_TRUE(-l.p2.y >= 1.1f && -l.p2.y <= 1.5f);
         EXPECT_EQ(l.p1.x, 0.0f);
         EXPECT_LT(l.p1.y, l.p2.y);
         EXPECT_LE(l.p4.y, l.p2.y);
-        EXPECT_EQ(l.p4.x, -l.p5.x);
-        EXPECT_EQ(l.p6.x, -l.p7.x);
-        if (style >= 9 && style <= 12) {
-            EXPECT_LT(l.p6.x, l.p2.x - 0.3f); // the wings reach outside the rails
-        }
-    }
-}
-
-TEST(TrackStyles, EachStyleLaysOutItsOwnPoints) {
-    for (int style = 0; style <= kStyleCount; ++style) {
-        const TrackSpine spine = Traced(Straight({0, 10, 0}, {40, 10, 0}, 0.0f, 0.0f, style));
-        ASSERT_EQ(spine.drawnPoints.size(), 21u) << style; // style 13 is traced like the others
+        EXPECT_TRUE(l.p4.x == -l.p5.x && l.p6.x == -l.p7.x) << "mirrored pairs";
+        EXPECT_TRUE(style < 9 || style > 12 || l.p6.x < l.p2.x - 0.3f) << "the wings reach outside the rails";
+        if (style < 0) continue;
+        const TrackSpine spine = Level(0.0f, 0.0f, style);
+        ASSERT_EQ(spine.drawnPoints.size(), 21u); // style 13 is traced like the others
         const DrawnPoint& p = spine.drawnPoints[7];
         const Vector3 heart{14.0f, 10.0f, 0.0f};
-        const RailLayout& l = RailLayoutOf(style);
         // Heading +x: local right (+x) is world +z and local up is world +y.
         const std::pair<Vector3, Vector3> pairs[] = {{p.p1, l.p1}, {p.p2, l.p2}, {p.p3, l.p3}, {p.p4, l.p4},
                                                      {p.p5, l.p5}, {p.p6, l.p6}, {p.p7, l.p7}};
-        for (const auto& [world, local] : pairs) {
-            EXPECT_NEAR(world.x - heart.x, 0.0f, 1e-3f) << style;
-            EXPECT_NEAR(world.y - heart.y, local.y, 1e-4f) << style;
-            EXPECT_NEAR(world.z - heart.z, local.x, 1e-4f) << style;
-        }
+        for (const auto& [world, local] : pairs)
+            EXPECT_NEAR(Distance(world, {heart.x, heart.y + local.y, heart.z + local.x}), 0.0, 1e-3);
     }
     EXPECT_LT(RailLayoutOf(5).p1.y, RailLayoutOf(0).p1.y); // the truss reaches deeper than the spine
     EXPECT_NE(RailLayoutOf(2).p2.x, RailLayoutOf(7).p2.x);
@@ -271,12 +239,12 @@ TEST(Guidelines, StartAtTheStyleOffsetCarriedThroughTheFrame) {
     for (const auto& [style, offset] : offsets)
         EXPECT_EQ(GuidelineOffset(style), offset) << style;
 
-    const TrackSpine level = Traced(Straight({0, 10, 0}, {40, 10, 0}));
+    const TrackSpine level = Level();
     Vector3 top;
     GuidelineTop(top, level.segments[0].points[3], 2);
     EXPECT_NEAR(Distance(top, {6.0f, 10.6f, 0.0f}), 0.0, 1e-4);
     // Banked a quarter turn to the right, local down points to the left (-z when heading +x).
-    const TrackSpine banked = Traced(Straight({0, 10, 0}, {40, 10, 0}, 90.0f, 90.0f));
+    const TrackSpine banked = Level(90.0f, 90.0f);
     GuidelineTop(top, banked.segments[0].points[3], 5);
     EXPECT_NEAR(Distance(top, {6.0f, 10.0f, -1.0f}), 0.0, 1e-4);
 }
@@ -304,10 +272,8 @@ TEST(TraceTrack, ALoopKeepsItsRightSideAndTurnsTheRidersOverAtTheTop) {
     EXPECT_GT(spine.drawnPoints.at(topIndex).p2.y, 51.0f); // the rails run above the riders' heads
 }
 
-TEST(TraceDemo, TheCircuitClosesWithTheRailsNearItsHeartline) {
-    DemoOptions options;
-    options.withTerrain = false;
-    const TrackDocument doc = MakeDemoTrack(options);
+TEST(TraceDemo, TheCircuitClosesWithRailsNearItsHeartlineBanksTowardsTheLowRailAndHoldsItsConnectors) {
+    const TrackDocument doc = MakeDemoTrack();
     const TrackSpine spine = Traced(doc);
     ASSERT_EQ(spine.segments.size(), doc.bezier.vertices.size() - 1);
     const std::vector<TracedPoint> points = InDrawnOrder(spine);
@@ -326,11 +292,6 @@ TEST(TraceDemo, TheCircuitClosesWithTheRailsNearItsHeartline) {
         EXPECT_LT(Distance(p.p2, spine.drawnPoints[k - 1].p2), 1.5 * kTraceStep) << k;
         EXPECT_GT(Column(points[k].frame, 1).y, 0.3f) << k; // no part of this circuit runs upside down
     }
-}
-
-TEST(TraceDemo, BankedVerticesLowerTheRailOnTheirSide) {
-    const TrackDocument doc = MakeDemoTrack();
-    const TrackSpine spine = Traced(doc);
     int banked = 0;
     for (std::size_t i = 0; i < spine.segments.size(); ++i) {
         const float roll = doc.bezier.vertices[i].Roll();
@@ -343,21 +304,16 @@ TEST(TraceDemo, BankedVerticesLowerTheRailOnTheirSide) {
         EXPECT_EQ(right.y<left.y, roll> 0.0f) << i;
     }
     EXPECT_GT(banked, 3);
-}
-
-TEST(RailConnectors, LandOnTheTracedCurve) {
-    const TrackDocument doc = MakeDemoTrack();
-    const TrackSpine spine = Traced(doc);
     const std::vector<BezierVertex>& v = doc.bezier.vertices;
-    int checked = 0;
+    const auto value = [&](std::size_t i, std::size_t f) {
+        return Vector3{v[i].values[f], v[i].values[f + 1], v[i].values[f + 2]};
+    };
+    int checked = 0; // rail connectors land on the traced curve
     for (const std::vector<RailConnector>& group : doc.railConnectors.groups)
         for (const RailConnector& c : group) {
             Vector3 at, expected;
             ASSERT_TRUE(RailConnectorPosition(spine, c.stretch, c.parameter, at));
             const auto s = static_cast<std::size_t>(c.stretch);
-            const auto value = [&](std::size_t i, std::size_t f) {
-                return Vector3{v[i].values[f], v[i].values[f + 1], v[i].values[f + 2]};
-            };
             CubicBezierPoint(expected, value(s, 0), value(s, 6), value(s + 1, 0), value(s + 1, 3),
                              c.parameter);
             EXPECT_LT(Distance(at, expected), 0.05) << c.stretch << " " << c.parameter;
@@ -367,16 +323,18 @@ TEST(RailConnectors, LandOnTheTracedCurve) {
 }
 
 TEST(RailConnectors, MissingStretchesFailAndParametersAreClamped) {
-    const TrackSpine spine = Traced(Straight({0, 10, 0}, {40, 10, 0}));
+    const TrackSpine spine = Level();
     Vector3 at{7.0f, 7.0f, 7.0f};
-    EXPECT_FALSE(RailConnectorPosition(spine, -1, 0.5f, at));
-    EXPECT_FALSE(RailConnectorPosition(spine, 1, 0.5f, at));
-    EXPECT_FALSE(RailConnectorPosition(spine, 0, std::numeric_limits<float>::quiet_NaN(), at));
-    EXPECT_EQ(Distance(at, {7.0f, 7.0f, 7.0f}), 0.0);
-    ASSERT_TRUE(RailConnectorPosition(spine, 0, 1.5f, at));
-    EXPECT_LT(Distance(at, {40.0f, 10.0f, 0.0f}), 1e-5);
-    ASSERT_TRUE(RailConnectorPosition(spine, 0, -0.2f, at));
-    EXPECT_LT(Distance(at, {0.0f, 10.0f, 0.0f}), 1e-5);
-    ASSERT_TRUE(RailConnectorPosition(spine, 0, 0.3f, at));
-    EXPECT_LT(Distance(at, {12.0f, 10.0f, 0.0f}), 1e-3);
+    for (const auto& [stretch, parameter] :
+         {std::pair{-1, 0.5f}, std::pair{1, 0.5f}, std::pair{0, std::numeric_limits<float>::quiet_NaN()}})
+        EXPECT_FALSE(RailConnectorPosition(spine, stretch, parameter, at)) << stretch << " " << parameter;
+    EXPECT_EQ(Distance(at, {7.0f, 7.0f, 7.0f}), 0.0) << "a failed lookup leaves the output alone";
+    const struct {
+        float parameter, x;
+        double tolerance;
+    } cases[] = {{1.5f, 40.0f, 1e-5}, {-0.2f, 0.0f, 1e-5}, {0.3f, 12.0f, 1e-3}};
+    for (const auto& c : cases) {
+        ASSERT_TRUE(RailConnectorPosition(spine, 0, c.parameter, at));
+        EXPECT_LT(Distance(at, {c.x, 10.0f, 0.0f}), c.tolerance) << c.parameter;
+    }
 }

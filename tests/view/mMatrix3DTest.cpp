@@ -30,7 +30,7 @@ Matrix4 Counting() {
 
 } // namespace
 
-TEST(MatrixLayout, TranslationLivesInTheLastColumnAndMovesTheOrigin) {
+TEST(MatrixLayout, TranslationLivesInTheLastColumnAndTheBottomRowIsIgnored) {
     Matrix4 t;
     MatrixTranslate(t, 1.0f, 2.0f, 3.0f);
     EXPECT_EQ(t.m[3], 1.0f);
@@ -39,14 +39,10 @@ TEST(MatrixLayout, TranslationLivesInTheLastColumnAndMovesTheOrigin) {
     EXPECT_EQ(t.At(3, 3), 1.0f);
     ExpectNear(Apply(t, {0.0f, 0.0f, 0.0f}), {1.0f, 2.0f, 3.0f}, 0.0f);
     ExpectNear(Apply(t, {-1.0f, 0.5f, 10.0f}), {0.0f, 2.5f, 13.0f}, 0.0f);
-}
-
-TEST(MatrixLayout, TransformPointIgnoresTheBottomRow) {
-    Matrix4 m;
-    MatrixIdentity(m);
-    m.m[12] = 5.0f; // a w that is never divided by
-    m.m[15] = 2.0f;
-    ExpectNear(Apply(m, {1.0f, 2.0f, 3.0f}), {1.0f, 2.0f, 3.0f}, 0.0f);
+    MatrixIdentity(t);
+    t.m[12] = 5.0f; // a w that is never divided by
+    t.m[15] = 2.0f;
+    ExpectNear(Apply(t, {1.0f, 2.0f, 3.0f}), {1.0f, 2.0f, 3.0f}, 0.0f);
 }
 
 TEST(Rotations, PositiveAnglesTurnCounterClockwiseSeenFromThePositiveAxis) {
@@ -62,48 +58,43 @@ TEST(Rotations, PositiveAnglesTurnCounterClockwiseSeenFromThePositiveAxis) {
     ExpectNear(Apply(r, {0.0f, 1.0f, 0.0f}), {-1.0f, 0.0f, 0.0f});
 }
 
-TEST(MatrixProduct, TheRightFactorActsFirst) {
-    Matrix4 move, turn, moveThenTurn, turnThenMove;
+TEST(MatrixProduct, TheRightFactorActsFirstIdentityIsNeutralAndTheOutputMayBeAFactor) {
+    Matrix4 move, turn, product;
     MatrixTranslate(move, 5.0f, 0.0f, 0.0f);
     MatrixRotateY(turn, kQuarterTurn);
-    MatrixMultiply(turnThenMove, move, turn);
-    MatrixMultiply(moveThenTurn, turn, move);
-    ExpectNear(Apply(turnThenMove, {0.0f, 0.0f, -1.0f}), {4.0f, 0.0f, 0.0f});
-    ExpectNear(Apply(moveThenTurn, {0.0f, 0.0f, -1.0f}), {-1.0f, 0.0f, -5.0f});
-}
+    MatrixMultiply(product, move, turn);
+    ExpectNear(Apply(product, {0.0f, 0.0f, -1.0f}), {4.0f, 0.0f, 0.0f});
+    MatrixMultiply(product, turn, move);
+    ExpectNear(Apply(product, {0.0f, 0.0f, -1.0f}), {-1.0f, 0.0f, -5.0f});
 
-TEST(MatrixProduct, IdentityIsNeutralAndTheOutputMayBeAFactor) {
     const Matrix4 m = Counting();
-    Matrix4 identity, product;
+    Matrix4 identity;
     MatrixIdentity(identity);
     MatrixMultiply(product, identity, m);
     EXPECT_EQ(product.m, m.m);
     MatrixMultiply(product, m, identity);
     EXPECT_EQ(product.m, m.m);
-
-    Matrix4 expected, aliased = m;
-    MatrixMultiply(expected, m, m);
+    Matrix4 aliased = m;
+    MatrixMultiply(product, m, m);
     MatrixMultiply(aliased, aliased, aliased);
-    EXPECT_EQ(aliased.m, expected.m);
-    EXPECT_EQ(expected.At(0, 0), 0 * 0 + 1 * 4 + 2 * 8 + 3 * 12);
-    EXPECT_EQ(expected.At(3, 1), 12 * 1 + 13 * 5 + 14 * 9 + 15 * 13);
+    EXPECT_EQ(aliased.m, product.m);
+    EXPECT_EQ(product.At(0, 0), 0 * 0 + 1 * 4 + 2 * 8 + 3 * 12);
+    EXPECT_EQ(product.At(3, 1), 12 * 1 + 13 * 5 + 14 * 9 + 15 * 13);
 }
 
 TEST(MatrixProduct, SumsInDoublePrecision) {
     // 1e8 + 1 - 1e8 is 0 when summed in single precision and 1 in double.
-    Matrix4 a, b;
+    Matrix4 a, b, product;
     a.m = {1e8f, 1.0f, -1e8f, 0.0f, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1.0f};
     b.m = {1.0f, 0, 0, 0, 1.0f, 0, 0, 0, 1.0f, 0, 0, 0, 0, 0, 0, 1.0f};
-    Matrix4 product;
     MatrixMultiply(product, a, b);
     EXPECT_EQ(product.At(0, 0), 1.0f);
 }
 
-TEST(MatrixTranspose, SwapsRowsAndColumnsEvenInPlace) {
+TEST(MatrixTranspose, SwapsRowsAndColumnsEvenInPlaceAndUndoesARotation) {
     const Matrix4 m = Counting();
-    Matrix4 t;
+    Matrix4 t, inPlace = m;
     MatrixTranspose(t, m);
-    Matrix4 inPlace = m;
     MatrixTranspose(inPlace, inPlace);
     EXPECT_EQ(inPlace.m, t.m);
     for (int r = 0; r < 4; ++r)
@@ -111,12 +102,9 @@ TEST(MatrixTranspose, SwapsRowsAndColumnsEvenInPlace) {
             EXPECT_EQ(t.At(r, c), m.At(c, r));
     MatrixTranspose(inPlace, inPlace);
     EXPECT_EQ(inPlace.m, m.m);
-}
-
-TEST(MatrixTranspose, UndoesARotation) {
-    Matrix4 r, back, both;
+    Matrix4 r, both;
     MatrixRotateY(r, 0.9f);
-    MatrixTranspose(back, r);
-    MatrixMultiply(both, back, r);
+    MatrixTranspose(t, r);
+    MatrixMultiply(both, t, r);
     ExpectNear(Apply(both, {1.0f, 2.0f, 3.0f}), {1.0f, 2.0f, 3.0f});
 }
