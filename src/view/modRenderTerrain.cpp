@@ -24,7 +24,8 @@ struct Frustum {
         for (int column = 0; column < 4; ++column)
             for (int row = 0; row < 4; ++row) {
                 double sum = 0.0;
-                for (int k = 0; k < 4; ++k) sum += projection[k * 4 + row] * modelView[column * 4 + k];
+                for (int k = 0; k < 4; ++k)
+                    sum += projection[k * 4 + row] * modelView[column * 4 + k];
                 m[column * 4 + row] = sum;
             }
         auto rowOf = [&](int r) { return std::array<double, 4>{m[r], m[4 + r], m[8 + r], m[12 + r]}; };
@@ -63,8 +64,8 @@ struct BlockPart {
     CellRange cells;
 };
 
-// The parts of range the view may show, block by block. Reads the GL matrices, so it must run
-// outside glBegin/glEnd.
+// The parts of range the view may show, block by block in grid order. Reads the GL matrices, so
+// it must run outside glBegin/glEnd.
 std::vector<BlockPart> VisibleParts(const RenderMesh& mesh, const CellRange& range) {
     const Frustum frustum = Frustum::FromCurrentMatrices();
     std::vector<BlockPart> visible;
@@ -76,14 +77,36 @@ std::vector<BlockPart> VisibleParts(const RenderMesh& mesh, const CellRange& ran
     return visible;
 }
 
-void SetColour(const RgbColour& c, float alpha = 1.0f) { glColor4f(c.r, c.g, c.b, alpha); }
+// Nearest blocks first (by the distance across the ground from the eye to the block's middle):
+// near ground then hides far ground before its pixels are textured and lit. Opaque ground, depth
+// tested, gives the same picture in any order.
+void NearestFirst(const RenderMesh& mesh, const CameraState& eye, std::vector<BlockPart>& parts) {
+    std::vector<std::pair<float, BlockPart>> keyed;
+    keyed.reserve(parts.size());
+    for (const BlockPart& part : parts) {
+        const MeshBlock& block = mesh.Blocks()[part.block];
+        const float dx = 0.5f * (block.low.x + block.high.x) - eye.x;
+        const float dz = 0.5f * (block.low.z + block.high.z) - eye.z;
+        keyed.push_back({dx * dx + dz * dz, part});
+    }
+    std::stable_sort(keyed.begin(), keyed.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    for (std::size_t i = 0; i < parts.size(); ++i)
+        parts[i] = keyed[i].second;
+}
+
+void SetColour(const RgbColour& c, float alpha = 1.0f) {
+    glColor4f(c.r, c.g, c.b, alpha);
+}
 
 void PointWithUV(const Vector3& p, const TexCoord& uv, bool textured) {
     if (textured) glTexCoord2f(uv.u, uv.v);
     glVertex3f(p.x, p.y, p.z);
 }
 
-void SendNormal(const Vector3& n) { glNormal3f(n.x, n.y, n.z); }
+void SendNormal(const Vector3& n) {
+    glNormal3f(n.x, n.y, n.z);
+}
 
 // Grid point p (column, row) of the ground.
 void GroundCorner(const RenderMesh& mesh, const int* p, bool textured) {
@@ -115,9 +138,11 @@ void SendGroundImmediate(const RenderMesh& mesh, const CellRange& cells, const G
             const int a[2] = {column - 1, row}, b[2] = {column, row}, c[2] = {column - 1, row + 1},
                       d[2] = {column, row + 1};
             if (look.lit) SendNormal(mesh.Normal(column, row, 0));
-            for (const int* p : {b, a, d}) GroundCorner(mesh, p, look.textured);
+            for (const int* p : {b, a, d})
+                GroundCorner(mesh, p, look.textured);
             if (look.lit) SendNormal(mesh.Normal(column, row, 1));
-            for (const int* p : {a, c, d}) GroundCorner(mesh, p, look.textured);
+            for (const int* p : {a, c, d})
+                GroundCorner(mesh, p, look.textured);
         }
     }
     glEnd();
@@ -136,15 +161,24 @@ void PointGroundArraysAt(const GroundVertex* v, const GroundLook& look) {
     if (look.textured) glTexCoordPointer(2, GL_FLOAT, stride, &v->uv);
 }
 
-// The visible blocks from their arrays, with the same triangles in the same order as the
-// cell-by-cell path and each triangle's normal on its last corner, so the picture is the same.
-void SendGroundArrays(const RenderMesh& mesh, const std::vector<BlockPart>& parts, const GroundLook& look) {
+// The ground is handed to GL in this many pieces. A threaded rasteriser (llvmpipe) starts filling
+// each piece while the next is sent, instead of waiting for the whole frame. More pieces overlap
+// more, but each hand-over costs a pass over the screen tiles the piece touches.
+constexpr std::size_t kGroundPieces = 8;
+
+// The visible blocks from their arrays, each cell's triangles as the cell-by-cell path sends them
+// and each triangle's normal on its last corner, so the picture is the same. The blocks go in the
+// order given.
+void SendGroundArrays(const RenderMesh& mesh, const std::vector<BlockPart>& parts, const CellRange& range,
+                      const GroundLook& look) {
     glEnableClientState(GL_VERTEX_ARRAY);
     if (look.lit) glEnableClientState(GL_NORMAL_ARRAY);
     if (look.textured) glEnableClientState(GL_TEXTURE_COORD_ARRAY);
     std::vector<CellSpan> spans;
     bool highlighted = false;
-    for (const BlockPart& part : parts) {
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        if (i > 0 && i * kGroundPieces / parts.size() != (i - 1) * kGroundPieces / parts.size()) glFlush();
+        const BlockPart& part = parts[i];
         PointGroundArraysAt(mesh.GroundVertices(part.block), look);
         CellSpans(mesh.Blocks()[part.block].cells, part.cells, look.brush, spans);
         for (const CellSpan& span : spans) {
@@ -158,12 +192,9 @@ void SendGroundArrays(const RenderMesh& mesh, const std::vector<BlockPart>& part
     glDisableClientState(GL_TEXTURE_COORD_ARRAY);
     glDisableClientState(GL_NORMAL_ARRAY);
     glDisableClientState(GL_VERTEX_ARRAY);
-    // Leave the current normal where the cell-by-cell path leaves it: the track's lines, drawn
-    // later without normals of their own, are lit with it.
-    if (look.lit && !parts.empty()) {
-        const CellRange& last = parts.back().cells;
-        SendNormal(mesh.Normal(last.lastColumn, last.lastRow, 1));
-    }
+    // Leave the current normal where drawing every cell leaves it (the last cell's second
+    // triangle): the track's lines, drawn later without normals of their own, are lit with it.
+    if (look.lit && !range.Empty()) SendNormal(mesh.Normal(range.lastColumn, range.lastRow, 1));
 }
 
 void SendWaterImmediate(const RenderMesh& mesh, const CellRange& cells, bool textured) {
@@ -173,7 +204,8 @@ void SendWaterImmediate(const RenderMesh& mesh, const CellRange& cells, bool tex
             const int a[2] = {column - 1, row}, b[2] = {column, row}, c[2] = {column - 1, row + 1},
                       d[2] = {column, row + 1};
             bool dry = true;
-            for (const int* p : {a, b, c, d}) dry = dry && mesh.Vertex(p[0], p[1]).y >= 0.0f;
+            for (const int* p : {a, b, c, d})
+                dry = dry && mesh.Vertex(p[0], p[1]).y >= 0.0f;
             if (dry) continue; // wholly above the water
             for (const int* p : {b, a, d, a, c, d}) {
                 const Vector3& v = mesh.Vertex(p[0], p[1]);
@@ -222,9 +254,11 @@ void DrawTerrain(const Editor& editor, const GLViewState& state, const RenderOpt
     ApplyCameraTransform(editor.camera, false);
     const CellRange range = DrawnCells(editor.terrain, settings.clipTerrain);
     if (options.cullBlocks) {
-        SendGroundArrays(mesh, VisibleParts(mesh, range), look);
-        // Filling the ground's pixels is most of a frame's work. Handing the ground over now lets
-        // a threaded rasteriser (llvmpipe) fill it while the water, trees and track are sent.
+        std::vector<BlockPart> parts = VisibleParts(mesh, range);
+        NearestFirst(mesh, editor.camera, parts);
+        SendGroundArrays(mesh, parts, range, look);
+        // Filling the ground's pixels is most of a frame's work. Handing the last piece over now
+        // lets the rasteriser fill it while the water, trees and track are sent.
         glFlush();
     } else {
         SendGroundImmediate(mesh, range, look);
@@ -250,8 +284,10 @@ void DrawWater(const Editor& editor, const GLViewState& state, const RenderOptio
     ApplyCameraTransform(editor.camera, false);
     glNormal3f(0.0f, 1.0f, 0.0f);
     const CellRange range = DrawnCells(editor.terrain, settings.clipTerrain);
-    if (options.cullBlocks) SendWaterArrays(mesh, VisibleParts(mesh, range), textured);
-    else SendWaterImmediate(mesh, range, textured);
+    if (options.cullBlocks)
+        SendWaterArrays(mesh, VisibleParts(mesh, range), textured);
+    else
+        SendWaterImmediate(mesh, range, textured);
     glColor4f(1.0f, 1.0f, 1.0f, 1.0f);
     glDisable(GL_BLEND);
     glDisable(GL_TEXTURE_2D);
