@@ -1,49 +1,36 @@
 // Opening tracks: the file checks and their messages, the terrain questions, folder and caption.
 #include "EditorTestFixture.h"
 
-TEST_F(EditorTest, OpenWithoutAPathAsksWithTheTrackDialogAndCancelChangesNothing) {
+TEST_F(EditorTest, OpenWithoutAPathAsksForATrackFileInTheTrackFolderAndCancelChangesNothing) {
     shell.openChoices.push_back(std::nullopt);
     editor.OpenTrack("");
     ASSERT_EQ(shell.openDialogs.size(), 1u);
-    const FileDialogOptions& d = shell.openDialogs[0];
-    EXPECT_EQ(d.title, "Open Track File...");
-    EXPECT_EQ(d.filter, "Corvanta Track Files (*.cvtrack)|*.cvtrack");
-    EXPECT_EQ(d.defaultExtension, "cvtrack");
-    EXPECT_EQ(d.folder, editor.ProgramFolder() + "tracks");
+    EXPECT_NE(shell.openDialogs[0].filter.find("|*.cvtrack"), std::string::npos);
+    EXPECT_EQ(shell.openDialogs[0].folder, editor.ProgramFolder() + "tracks");
     EXPECT_TRUE(shell.messages.empty());
     EXPECT_FALSE(editor.terrain.trackPresent);
 }
 
-TEST_F(EditorTest, BadNamesMissingFilesAndBadFilesEachGetTheirWarning) {
-    struct Case {
-        std::string path;
-        const char* message;
-    };
-    WriteText(folder.File("bad.cvtrack"), "CRVX not a track");
-    const Case cases[] = {{folder.File("notes.txt"), "Invalid Track Filename."},
-                          {folder.File("absent.cvtrack"), "Track File Not Found."},
-                          {folder.File("bad.cvtrack"), "Invalid Track File."}};
-    for (const Case& c : cases) {
-        shell.messages.clear();
-        editor.OpenTrack(c.path);
-        const ShownMessage& m = OnlyMessage();
-        EXPECT_EQ(m.text, c.message);
-        EXPECT_EQ(m.title, "Warning");
-        EXPECT_EQ(m.icon, MessageIcon::Exclamation);
-    }
-    EXPECT_TRUE(editor.settings.recentPaths[0].empty());
-}
-
-TEST_F(EditorTest, InvalidFileDropsTheTrackButKeepsTheTerrain) {
+TEST_F(EditorTest, BadNamesMissingFilesAndBadFilesEachGetTheirWarningAndABadFileDropsTheTrackOnly) {
     editor.OpenTrack(WriteTrack("good.cvtrack", 0));
     ASSERT_TRUE(editor.terrain.trackPresent);
     GiveEditorTerrain();
-    WriteText(folder.File("bad.cvtrack"), "CRVT");
-    editor.OpenTrack(folder.File("bad.cvtrack"));
+    WriteText(folder.File("bad.cvtrack"), "CRVT not a track");
+    const std::pair<std::string, const char*> cases[] = {
+        {folder.File("notes.txt"), "Invalid Track Filename."},
+        {folder.File("absent.cvtrack"), "Track File Not Found."},
+        {folder.File("bad.cvtrack"), "Invalid Track File."}};
+    for (const auto& [path, message] : cases) {
+        shell.messages.clear();
+        editor.OpenTrack(path);
+        EXPECT_EQ(OnlyMessage().text, message);
+        EXPECT_EQ(OnlyMessage().icon, MessageIcon::Exclamation);
+    }
+    EXPECT_EQ(editor.settings.recentTitles[0], "good");
     EXPECT_FALSE(editor.terrain.trackPresent);
     EXPECT_TRUE(editor.track.bezier.vertices.empty());
-    EXPECT_TRUE(editor.terrain.terrainPresent);
-    EXPECT_EQ(editor.terrain.heights.At(0, 0), 42.0f);
+    EXPECT_TRUE(editor.terrain.terrainPresent && editor.terrain.heights.At(0, 0) == 42.0f)
+        << "the terrain stays";
 }
 
 TEST_F(EditorTest, WithoutATerrainInTheEditorNothingIsAskedAndTheTracksTerrainIfAnyIsLoaded) {
@@ -53,9 +40,7 @@ TEST_F(EditorTest, WithoutATerrainInTheEditorNothingIsAskedAndTheTracksTerrainIf
     shell.openChoices.push_back(WriteTrack("hilly.cvtrack", 6));
     editor.OpenTrack("");
     EXPECT_TRUE(shell.askDialogs.empty());
-    EXPECT_TRUE(editor.terrain.trackPresent);
-    EXPECT_TRUE(editor.terrain.terrainPresent);
-    EXPECT_EQ(editor.terrain.columns, 6);
+    EXPECT_TRUE(editor.terrain.trackPresent && editor.terrain.terrainPresent);
     EXPECT_EQ(editor.terrain.heights, MakeSampleTerrain(6, 6).heights);
     EXPECT_FALSE(editor.terrain.terrainChanged);
     EXPECT_EQ(editor.Caption(), "CorvantaLandwright - hilly");
@@ -66,8 +51,7 @@ struct TerrainChoice {
     bool trackHasTerrain;
     int setting;                     // the remembered answer, 0 asks
     std::optional<AskResult> answer; // what the user picks when asked
-    bool expectTracksTerrain;        // the editor ends with the track's terrain
-    bool expectNoTerrain;            // the editor ends with no terrain
+    int expectColumns;               // of the editor's terrain after: 5 the track's, 3 its own, 0 none
     int expectSettingAfter;
 };
 
@@ -76,27 +60,18 @@ class EditorTerrainChoiceTest : public EditorTest, public ::testing::WithParamIn
 TEST_P(EditorTerrainChoiceTest, FollowsTheSettingOrTheAnswerAndASaveWritesTheTerrainKept) {
     const TerrainChoice c = GetParam();
     const std::string path = WriteTrack("t.cvtrack", c.trackHasTerrain ? 5 : 0);
-    GiveEditorTerrain(3, 42.0f);
+    GiveEditorTerrain(3, 41.0f);
+    editor.AdjustHeights(1.0f, 0);
     int& setting = c.trackHasTerrain ? editor.settings.askLoadTrackTerrain : editor.settings.askLoadNoTerrain;
     setting = c.setting;
     if (c.answer) shell.askChoices.push_back(*c.answer);
     editor.OpenTrack(path);
-    if (c.answer) {
-        ASSERT_EQ(shell.askDialogs.size(), 1u);
-        EXPECT_EQ(shell.askDialogs[0],
-                  c.trackHasTerrain ? AskKind::LoadTrackTerrain : AskKind::LoadNoTerrain);
-    } else {
-        EXPECT_TRUE(shell.askDialogs.empty());
-    }
-    if (c.expectNoTerrain) {
-        EXPECT_FALSE(editor.terrain.terrainPresent);
-    } else if (c.expectTracksTerrain) {
-        EXPECT_EQ(editor.terrain.columns, 5);
-    } else {
-        ASSERT_TRUE(editor.terrain.terrainPresent);
-        EXPECT_EQ(editor.terrain.columns, 3);
-        EXPECT_EQ(editor.terrain.heights.At(1, 1), 42.0f);
-    }
+    const std::vector<AskKind> asked{c.trackHasTerrain ? AskKind::LoadTrackTerrain : AskKind::LoadNoTerrain};
+    EXPECT_EQ(shell.askDialogs, c.answer ? asked : std::vector<AskKind>{});
+    EXPECT_EQ(editor.terrain.terrainPresent ? editor.terrain.columns : 0, c.expectColumns);
+    EXPECT_TRUE(c.expectColumns != 3 || editor.terrain.heights == HeightGrid(3, 3, 42.0f));
+    EXPECT_EQ(editor.undo.CanUndo(), c.expectColumns == 3)
+        << "undo steps go with the terrain they were taken of";
     EXPECT_EQ(setting, c.expectSettingAfter);
     EXPECT_TRUE(editor.terrain.trackPresent);
     // Saving writes the terrain the editor ended with into the track, or none.
@@ -104,26 +79,21 @@ TEST_P(EditorTerrainChoiceTest, FollowsTheSettingOrTheAnswerAndASaveWritesTheTer
     TrackDocument saved;
     ASSERT_TRUE(ReadTrackFile(path, saved));
     ASSERT_EQ(saved.terrain.terrainInTrack, editor.terrain.terrainPresent);
-    EXPECT_TRUE(!saved.terrain.terrainInTrack || saved.terrain.terrain == editor.terrain)
-        << "the editor's terrain";
+    EXPECT_TRUE(!saved.terrain.terrainInTrack || saved.terrain.terrain == editor.terrain);
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryCombination, EditorTerrainChoiceTest,
-                         ::testing::Values(
-                             // The track has terrain and so has the editor.
-                             TerrainChoice{true, 0, AskResult{0, false}, true, false, 0},
-                             TerrainChoice{true, 0, AskResult{1, false}, false, false, 0},
-                             TerrainChoice{true, 0, AskResult{0, true}, true, false, 1},
-                             TerrainChoice{true, 0, AskResult{1, true}, false, false, 2},
-                             TerrainChoice{true, 1, std::nullopt, true, false, 1},
-                             TerrainChoice{true, 2, std::nullopt, false, false, 2},
-                             // The track has none but the editor has.
-                             TerrainChoice{false, 0, AskResult{0, false}, false, true, 0},
-                             TerrainChoice{false, 0, AskResult{1, false}, false, false, 0},
-                             TerrainChoice{false, 0, AskResult{0, true}, false, true, 1},
-                             TerrainChoice{false, 0, AskResult{1, true}, false, false, 2},
-                             TerrainChoice{false, 1, std::nullopt, false, true, 1},
-                             TerrainChoice{false, 2, std::nullopt, false, false, 2}));
+INSTANTIATE_TEST_SUITE_P(
+    EveryCombination, EditorTerrainChoiceTest,
+    ::testing::Values(
+        // The track has terrain and so has the editor.
+        TerrainChoice{true, 0, AskResult{0, false}, 5, 0}, TerrainChoice{true, 0, AskResult{1, false}, 3, 0},
+        TerrainChoice{true, 0, AskResult{0, true}, 5, 1}, TerrainChoice{true, 0, AskResult{1, true}, 3, 2},
+        TerrainChoice{true, 1, std::nullopt, 5, 1}, TerrainChoice{true, 2, std::nullopt, 3, 2},
+        // The track has none but the editor has.
+        TerrainChoice{false, 0, AskResult{0, false}, 0, 0},
+        TerrainChoice{false, 0, AskResult{1, false}, 3, 0}, TerrainChoice{false, 0, AskResult{0, true}, 0, 1},
+        TerrainChoice{false, 0, AskResult{1, true}, 3, 2}, TerrainChoice{false, 1, std::nullopt, 0, 1},
+        TerrainChoice{false, 2, std::nullopt, 3, 2}));
 
 TEST_F(EditorTest, TrackFolderTakesAsManyCharactersAsTheFileNameHas) {
     EXPECT_EQ(DerivedTrackFolder("C:\\ab\\c.cvtrack"), "C:\\ab\\c.c");

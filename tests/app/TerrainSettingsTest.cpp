@@ -6,6 +6,7 @@
 #include "TexturePath.h"
 
 #include <cmath>
+#include <tuple>
 
 namespace {
 
@@ -25,15 +26,9 @@ TerrainModel Sized(int columns, int rows) {
 } // namespace
 
 TEST(TerrainSettingsLogic, EachStructureAsksForItsSizeAndCustomOnlyForAChosenUsableOne) {
-    struct Case {
-        TerrainStructure structure;
-        int columns, rows;
-        bool chosen;
-        TerrainModel model;
-        GridSize expected;
-    };
     using S = TerrainStructure;
-    const Case cases[] = {
+    // Structure, custom columns and rows, whether a custom size was chosen, the editor's terrain, the size.
+    const std::tuple<S, int, int, bool, TerrainModel, GridSize> cases[] = {
         {S::Low, 0, 0, false, Sized(300, 300), {102, 102}},
         {S::Normal, 50, 60, true, Sized(3, 3), {205, 205}},
         {S::High, 0, 0, false, TerrainModel{}, {409, 409}},
@@ -44,23 +39,20 @@ TEST(TerrainSettingsLogic, EachStructureAsksForItsSizeAndCustomOnlyForAChosenUsa
         {S::Custom, 1, 1, true, TerrainModel{}, {1, 1}},
         {S::Custom, 900, 20, true, Sized(9, 9), {513, 20}},
     };
-    for (const Case& c : cases) {
-        TerrainSettingsValues values = Fresh(c.structure);
-        values.customColumns = c.columns;
-        values.customRows = c.rows;
-        values.customSizeChosen = c.chosen;
-        EXPECT_EQ(RequestedTerrainSize(values, c.model), c.expected)
-            << static_cast<int>(c.structure) << " " << c.columns << " " << c.chosen;
+    for (const auto& [structure, columns, rows, chosen, model, expected] : cases) {
+        TerrainSettingsValues values = Fresh(structure);
+        values.customColumns = columns;
+        values.customRows = rows;
+        values.customSizeChosen = chosen;
+        EXPECT_EQ(RequestedTerrainSize(values, model), expected)
+            << static_cast<int>(structure) << " " << columns << " " << chosen;
     }
 }
 
-TEST(TerrainSettingsLogic, ChosenTexturesAreStoredBelowTheProgramFolder) {
+TEST(TerrainSettingsLogic, ChosenTexturesAreStoredBelowTheProgramFolderAndEveryPresetFitsTheSliders) {
     EXPECT_EQ(StoredTexturePath("/OPT/land/teratextures/sub/b.tga", "/opt/Land"), "teratextures\\sub\\b.tga");
     EXPECT_EQ(StoredTexturePath("/opt/Landmark/a.jpg", "/opt/Land/"), std::nullopt) << "a sibling folder";
     EXPECT_EQ(StoredTexturePath("/home/a.jpg", "/opt/Land/"), std::nullopt);
-}
-
-TEST(TerrainSettingsLogic, EveryPresetFitsTheSlidersAndNamesAValidTexture) {
     const auto within = [](int value, SliderRange range) {
         return value >= range.minimum && value <= range.maximum;
     };
@@ -88,62 +80,43 @@ TEST(TerrainSettingsLogic, StoredTilingsShowRoundedToEvenAndHeldToTheSliders) {
     EXPECT_EQ(SettingsFromTerrain(model).structure, TerrainStructure::Normal);
 }
 
-TEST_F(EditorTest, ANewLowDetailGridWithWaterStandsAtOneWithItsSpacing) {
+TEST_F(EditorTest, ANewGridStandsAtTheGroundLevelWithItsSpacingAndADifferentSizeAsksBeforeReplacingIt) {
     TerrainSettingsValues values = Fresh(TerrainStructure::Low);
     ApplySeaPreset(values, 6);
     values.groundTexture.clear();
     values.detailTexture.clear();
     EXPECT_EQ(editor.ApplyTerrainSettings(values), TerrainApplyResult::NewGrid);
     const TerrainModel& t = editor.terrain;
-    EXPECT_TRUE(t.terrainPresent);
-    EXPECT_FALSE(t.terrainChanged);
-    EXPECT_EQ(GridSize(t.columns, t.rows), GridSize(102, 102));
+    EXPECT_TRUE(shell.questions.empty()) << "no terrain was there to lose";
+    EXPECT_EQ(t.heights, HeightGrid(102, 102, 1.0f)) << "the ground level with water";
     EXPECT_FLOAT_EQ(t.spacingX, 1024.0f / 102.0f);
-    EXPECT_FLOAT_EQ(t.spacingZ, 1024.0f / 102.0f);
-    EXPECT_EQ(t.heights, HeightGrid(102, 102, 1.0f));
-    EXPECT_EQ(t.waterTexture, "teratextures\\BubblesWater.jpg");
-    EXPECT_FLOAT_EQ(t.waterTiling, 150.0f);
-    EXPECT_EQ(t.reflection, 240);
+    const SeaPreset& sea = TerrainPresetTable::sea[6];
+    EXPECT_TRUE(t.waterTexture == sea.waterTexture && t.waterTiling == static_cast<float>(sea.waterRepeats) &&
+                t.reflection == sea.reflection);
     EXPECT_EQ(t.groundTexture, kDefaultGroundTexture) << "an empty ground path takes the default";
     EXPECT_EQ(t.detailTexture, "") << "an empty detail path means no detail texture";
-    EXPECT_TRUE(shell.questions.empty()) << "no terrain was there to lose";
-    EXPECT_EQ(shell.textureReloads, 1);
-    EXPECT_GE(shell.renders, 1);
+    EXPECT_TRUE(t.terrainPresent && !t.terrainChanged && shell.textureReloads == 1 && shell.renders >= 1);
     EXPECT_EQ(editor.Caption(), "CorvantaLandwright - [Terrain]");
-}
-
-TEST_F(EditorTest, ADifferentSizeAsksCancelChangesNothingYesMakesANewGridWithoutWater) {
-    GiveEditorTerrain(3, 42.0f);
+    // Another size asks first: Cancel changes nothing, Yes makes a new grid (here without water).
     editor.terrain.terrainChanged = true;
     const TerrainModel before = editor.terrain;
     shell.answers = {Answer::Cancel, Answer::Yes};
-    TerrainSettingsValues values = Fresh(TerrainStructure::Custom);
+    values = Fresh(TerrainStructure::Custom);
     values.customColumns = 64;
     values.customRows = 32;
     values.customSizeChosen = true;
     values.waterEnabled = false;
     values.waterTexture = "C:\\water\\sea.jpg"; // ignored while the water is off
-
     EXPECT_EQ(editor.ApplyTerrainSettings(values), TerrainApplyResult::Cancelled);
     EXPECT_FALSE(DialogMayClose(TerrainApplyResult::Cancelled));
-    ASSERT_EQ(shell.questions.size(), 1u);
-    EXPECT_EQ(shell.questions[0].text, "Terrain structure specified is different than terrain in editor.\n"
-                                       "Clear the current terrain in the editor?");
-    EXPECT_EQ(shell.questions[0].title, "Warning!");
-    EXPECT_EQ(shell.questions[0].buttons, Buttons::YesNoCancel);
-    EXPECT_EQ(shell.questions[0].icon, MessageIcon::Question);
-    EXPECT_EQ(static_cast<const TerrainData&>(editor.terrain), static_cast<const TerrainData&>(before));
-    EXPECT_EQ(shell.textureReloads, 0);
-
+    EXPECT_EQ(static_cast<const TerrainData&>(t), static_cast<const TerrainData&>(before));
+    EXPECT_EQ(shell.textureReloads, 1);
     EXPECT_EQ(editor.ApplyTerrainSettings(values), TerrainApplyResult::NewGrid);
-    EXPECT_EQ(GridSize(editor.terrain.columns, editor.terrain.rows), GridSize(64, 32));
-    EXPECT_FLOAT_EQ(editor.terrain.spacingZ, 32.0f);
-    EXPECT_EQ(editor.terrain.heights, HeightGrid(64, 32, 0.0f)) << "no water: the ground starts at 0";
-    EXPECT_FALSE(editor.terrain.terrainChanged);
-    EXPECT_TRUE(shell.messages.empty());
-    EXPECT_EQ(editor.terrain.waterTexture, "");
-    EXPECT_FLOAT_EQ(editor.terrain.waterTiling, 1.0f);
-    EXPECT_EQ(editor.terrain.reflection, 0);
+    EXPECT_EQ(shell.questions.size(), 2u);
+    EXPECT_EQ(t.heights, HeightGrid(64, 32, 0.0f)) << "no water: the ground starts at 0";
+    EXPECT_TRUE(t.spacingX == 16.0f && t.spacingZ == 32.0f);
+    EXPECT_TRUE(!t.terrainChanged && shell.messages.empty());
+    EXPECT_TRUE(t.waterTexture.empty() && t.waterTiling == 1.0f && t.reflection == 0);
 }
 
 TEST_F(EditorTest, NoKeepsTheGridAndItsHeightsButAppliesTexturesAndWater) {
@@ -154,20 +127,18 @@ TEST_F(EditorTest, NoKeepsTheGridAndItsHeightsButAppliesTexturesAndWater) {
     ApplySeaPreset(values, 3);
     EXPECT_EQ(editor.ApplyTerrainSettings(values), TerrainApplyResult::SameGrid);
     const TerrainModel& t = editor.terrain;
+    const LandPreset& land = TerrainPresetTable::land[4];
     EXPECT_EQ(t.heights, HeightGrid(3, 3, 42.0f));
-    EXPECT_EQ(t.groundTexture, "teratextures\\SnowTerrain.jpg");
-    EXPECT_FLOAT_EQ(t.groundTiling, 30.0f);
-    EXPECT_TRUE(t.waterEnabled);
-    EXPECT_EQ(t.waterTexture, "teratextures\\IceWater.jpg");
-    EXPECT_EQ(t.reflection, 255);
+    EXPECT_TRUE(t.groundTexture == land.groundTexture &&
+                t.groundTiling == static_cast<float>(land.groundRepeats));
+    EXPECT_TRUE(t.waterEnabled && t.waterTexture == TerrainPresetTable::sea[3].waterTexture);
     EXPECT_TRUE(t.terrainChanged) << "the kept terrain now looks different";
-
     // The size in the editor asks nothing.
     EXPECT_EQ(editor.ApplyTerrainSettings(SettingsFromTerrain(editor.terrain)), TerrainApplyResult::SameGrid);
     EXPECT_EQ(shell.questions.size(), 1u);
 }
 
-TEST_F(EditorTest, AnAbsoluteTexturePathIsRefusedAndNothingIsApplied) {
+TEST_F(EditorTest, AnAbsoluteTexturePathIsRefusedBeforeAnythingIsAskedOrApplied) {
     GiveEditorTerrain(3, 42.0f);
     const TerrainModel before = editor.terrain;
     TerrainSettingsValues values = Fresh(TerrainStructure::Low);
@@ -175,30 +146,23 @@ TEST_F(EditorTest, AnAbsoluteTexturePathIsRefusedAndNothingIsApplied) {
     values.detailTexture = "\\detail.jpg";
     values.waterTexture = "/usr/share/water.jpg";
     EXPECT_EQ(editor.ApplyTerrainSettings(values), TerrainApplyResult::InvalidTexture);
-    const ShownMessage& message = OnlyMessage();
-    EXPECT_EQ(message.title, "Invalid Texture");
-    EXPECT_EQ(message.text, "The Ground Texture is Invalid!\nThe Detail Texture is Invalid!\n"
-                            "The Water Texture is Invalid!\n\n"
-                            "Textures must be in the TeraTextures folder or a sub-folder of it.");
-    EXPECT_TRUE(shell.questions.empty()) << "the paths are checked before the structure question";
+    const std::string& text = OnlyMessage().text;
+    EXPECT_EQ(
+        text.find(InvalidTextureLine("Ground") + InvalidTextureLine("Detail") + InvalidTextureLine("Water")),
+        0u)
+        << text;
+    EXPECT_TRUE(shell.questions.empty());
     EXPECT_EQ(static_cast<const TerrainData&>(editor.terrain), static_cast<const TerrainData&>(before));
 }
 
 TEST_F(EditorTest, NewTerrainAsksOnlyWhenATerrainIsPresentAndOnlyYesRemovesIt) {
     EXPECT_TRUE(editor.NewTerrain());
     EXPECT_TRUE(shell.questions.empty());
-
     GiveEditorTerrain();
     shell.answers = {Answer::No, Answer::Yes};
     EXPECT_FALSE(editor.NewTerrain());
     EXPECT_TRUE(editor.terrain.terrainPresent);
     EXPECT_TRUE(editor.NewTerrain());
     EXPECT_FALSE(editor.terrain.terrainPresent);
-    ASSERT_EQ(shell.questions.size(), 2u);
-    EXPECT_EQ(shell.questions[0].text,
-              "Warning!  This will completely remove the current terrain structure!\n"
-              "Are you sure you wish to continue?");
-    EXPECT_EQ(shell.questions[0].title, "Warning!");
-    EXPECT_EQ(shell.questions[0].buttons, Buttons::YesNo);
-    EXPECT_EQ(shell.questions[0].icon, MessageIcon::Question);
+    EXPECT_EQ(shell.questions.size(), 2u);
 }

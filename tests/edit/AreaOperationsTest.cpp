@@ -3,23 +3,22 @@
 #include "Sculpt.h"
 #include "TerrainFilter.h"
 
-#include <gtest/gtest.h>
-
 namespace {
+
+using AreaEdit = GridRect (*)(TerrainData&, float, float, int);
+
+GridRect Apply(AreaEdit op, TerrainData& t, int column, int row, int radius) {
+    return op(t, CursorX(t, column), CursorZ(t, row), radius);
+}
 
 GridRect Area(const TerrainData& t, int column, int row, int radius) {
     return OperationArea(t, CursorX(t, column), CursorZ(t, row), radius);
 }
 
-using AreaOperation = GridRect (*)(TerrainData&, float, float, int);
-GridRect Apply(AreaOperation op, TerrainData& t, int column, int row, int radius) {
-    return op(t, CursorX(t, column), CursorZ(t, row), radius);
-}
-
 } // namespace
 
 TEST(OperationAreaClipping, ReachingPastTheLastColumnEndsTheRowsAtColumnsMinusOne) {
-    const TerrainData narrow = MakeTerrain(8, 16);
+    const TerrainData narrow = MakeTerrain(8, 16), wide = MakeTerrain(16, 8);
     EXPECT_EQ(Area(narrow, 2, 14, 2), (GridRect{0, 12, 4, 15}));
     EXPECT_EQ(Area(narrow, 6, 3, 2), (GridRect{4, 1, 7, 7}));
     EXPECT_EQ(SculptArea(narrow, CursorX(narrow, 6), CursorZ(narrow, 3), 2), (GridRect{4, 1, 7, 5}));
@@ -27,108 +26,72 @@ TEST(OperationAreaClipping, ReachingPastTheLastColumnEndsTheRowsAtColumnsMinusOn
     EXPECT_EQ(Area(narrow, 8, 3, 1), (GridRect{7, 2, 7, 7}));
     EXPECT_TRUE(Area(narrow, 8, 3, 0).Empty());
     EXPECT_TRUE(Area(narrow, 7, 12, 1).Empty()); // rows 11..7
-    const TerrainData wide = MakeTerrain(16, 8);
     EXPECT_EQ(Area(wide, 14, 2, 2), (GridRect{12, 0, 15, 7}));
     EXPECT_TRUE(Area(TerrainData{}, 0, 0, 2).Empty());
 }
 
-TEST(FlipAndMirror, FlipReversesTheRowsOfTheLopsidedArea) {
+TEST(FlipAndMirror, ReverseTheRowsOrTheColumnsOfTheLopsidedAreaAndUndoThemselves) {
     TerrainData t = MakeTerrain(8, 16);
     NumberPoints(t);
     EXPECT_EQ(Apply(FlipArea, t, 6, 3, 2), (GridRect{4, 1, 7, 7}));
-    EXPECT_EQ(t.heights.At(1, 4), 704.0f);
-    EXPECT_EQ(t.heights.At(7, 7), 107.0f);
-    EXPECT_EQ(t.heights.At(4, 5), 405.0f);
-    EXPECT_EQ(t.heights.At(0, 4), 4.0f);
-    EXPECT_EQ(t.heights.At(1, 3), 103.0f);
-    EXPECT_EQ(t.heights.At(8, 4), 804.0f);
+    ExpectHeights(t, {{1, 4, 704}, {7, 7, 107}, {3, 6, 506}, {0, 4, 4}, {1, 3, 103}, {8, 4, 804}});
     Apply(FlipArea, t, 2, 14, 2); // near the last row only: rows 12..15
-    EXPECT_EQ(t.heights.At(12, 0), 1500.0f);
-    EXPECT_EQ(t.heights.At(13, 2), 1402.0f);
-}
-
-TEST(FlipAndMirror, MirrorReversesOnlyTheColumnsInsideTheGridAndEachUndoesItselfWhenAppliedTwice) {
-    TerrainData t = MakeTerrain(16, 16);
+    ExpectHeights(t, {{12, 0, 1500}, {13, 2, 1402}});
+    t = MakeTerrain(16, 16);
     NumberPoints(t);
     EXPECT_EQ(Apply(MirrorArea, t, 14, 8, 2), (GridRect{12, 6, 15, 15}));
-    EXPECT_EQ(t.heights.At(6, 12), 615.0f);
-    EXPECT_EQ(t.heights.At(15, 13), 1514.0f);
-    EXPECT_EQ(t.heights.At(5, 12), 512.0f);
-    // Each undoes itself when applied twice.
+    ExpectHeights(t, {{6, 12, 615}, {15, 13, 1514}, {5, 12, 512}});
     const HeightGrid before = t.heights;
     Apply(FlipArea, t, 7, 7, 3);
-    EXPECT_EQ(t.heights.At(4, 7), 1007.0f);
+    ExpectHeights(t, {{4, 7, 1007}});
     Apply(FlipArea, t, 7, 7, 3);
     EXPECT_EQ(t.heights, before);
     Apply(MirrorArea, t, 7, 7, 3);
-    EXPECT_EQ(t.heights.At(7, 4), 710.0f);
+    ExpectHeights(t, {{7, 4, 710}});
     Apply(MirrorArea, t, 7, 7, 3);
     EXPECT_EQ(t.heights, before);
 }
 
-TEST(Invert, TurnsTheAreaOverWithinItsOwnRange) {
+TEST(InvertAndFlatten, InvertTurnsTheAreaOverWithinItsRangeAndFlattenLevelsItToTheStrokeAreasMiddleOrBottom) {
     TerrainData t = MakeTerrain(16, 16, 4.0f);
     t.heights.At(8, 8) = 10.0f;
     t.heights.At(7, 7) = 2.0f;
-    const HeightGrid before = t.heights;
+    const TerrainData start = t;
     EXPECT_EQ(Apply(InvertArea, t, 8, 8, 1), (GridRect{7, 7, 9, 9}));
-    EXPECT_EQ(t.heights.At(9, 9), 8.0f);
-    EXPECT_EQ(t.heights.At(8, 8), 2.0f);
-    EXPECT_EQ(t.heights.At(7, 7), 10.0f);
-    EXPECT_EQ(t.heights.At(6, 6), 4.0f);
+    ExpectHeights(t, {{7, 7, 10}, {8, 8, 2}, {9, 9, 8}, {6, 6, 4}, {10, 10, 4}});
     Apply(InvertArea, t, 8, 8, 1);
-    EXPECT_EQ(t.heights, before);
+    EXPECT_EQ(t.heights, start.heights);
     TerrainData flat = MakeTerrain(16, 16, 3.0f);
     Apply(InvertArea, flat, 8, 8, 2);
-    EXPECT_EQ(flat.heights, MakeTerrain(16, 16, 3.0f).heights);
-}
-
-TEST(Flatten, RelationalGoesToTheMiddleAbsoluteToTheBottomOfTheStrokeAreaAcrossTheOperationArea) {
-    for (int mode : {0, 1}) {
-        TerrainData t = MakeTerrain(16, 16, 4.0f);
-        t.heights.At(8, 8) = 10.0f;
-        t.heights.At(7, 7) = 2.0f;
+    EXPECT_EQ(CountNotAt(flat, 3.0f), 0);
+    for (int mode : {0, 1}) { // relational: the middle of the range, absolute: its bottom
+        t = start;
         EXPECT_EQ(FlattenToArea(t, CursorX(t, 8), CursorZ(t, 8), 1, mode), (GridRect{7, 7, 9, 9}));
-        const float level = mode == 0 ? 6.0f : 2.0f;
-        EXPECT_EQ(t.heights.At(7, 7), level);
-        EXPECT_EQ(t.heights.At(9, 9), level);
-        EXPECT_EQ(t.heights.At(10, 10), 4.0f);
+        EXPECT_EQ(CountNotAt(t, 4.0f), 9);
+        EXPECT_EQ(CountNotAt(t, mode == 0 ? 6.0f : 2.0f), 256 - 9);
     }
     // The level is measured over the stroke area but the operation area is flattened.
-    TerrainData t = MakeTerrain(8, 16);
+    t = MakeTerrain(8, 16);
     t.heights.At(7, 6) = 100.0f; // inside the operation area only
     t.heights.At(3, 5) = 10.0f;
     EXPECT_EQ(FlattenToArea(t, CursorX(t, 6), CursorZ(t, 3), 2, 0), (GridRect{4, 1, 7, 7}));
-    EXPECT_EQ(t.heights.At(7, 6), 5.0f);
-    EXPECT_EQ(t.heights.At(1, 4), 5.0f);
-    EXPECT_EQ(t.heights.At(8, 6), 0.0f);
+    ExpectHeights(t, {{7, 6, 5}, {1, 4, 5}, {8, 6, 0}});
 }
 
-TEST(Flatten, WaterAndGroundLevelsDependOnWater) {
-    TerrainData dry = MakeTerrain(16, 16, 7.0f);
-    FlattenArea(dry, CursorX(dry, 8), CursorZ(dry, 8), 0, WaterLevel(dry));
-    EXPECT_EQ(dry.heights.At(8, 8), 0.0f);
-    EXPECT_EQ(GroundLevel(dry), 0.0f);
-    const TerrainData wet = MakeTerrain(4, 4, 0.0f, true);
-    EXPECT_EQ(WaterLevel(wet), -10.0f);
-    EXPECT_EQ(GroundLevel(wet), 0.5f);
-}
-
-TEST(WholeGrid, ResetAndAdjustTouchEveryPointWithinTheToolLimits) {
-    TerrainData t = MakeTerrain(8, 4, 0.0f, true);
+TEST(WholeGrid, ResetGoesToTheGroundLevelAndAdjustStaysWithinTheToolLimits) {
+    TerrainData t = MakeTerrain(8, 4, 0.0f, true), dry = MakeTerrain(8, 4, 20.0f), empty;
+    EXPECT_EQ(WaterLevel(t), -10.0f);
+    EXPECT_EQ(WaterLevel(dry) + GroundLevel(dry), 0.0f);
     NumberPoints(t);
     EXPECT_EQ(ResetTerrain(t), GridRect::Whole());
-    EXPECT_EQ(t.heights, MakeTerrain(8, 4, 0.5f).heights);
+    EXPECT_EQ(CountNotAt(t, 0.5f), 0);
     EXPECT_EQ(AdjustHeights(t, 2.5f, 0), GridRect::Whole());
-    EXPECT_EQ(t.heights.At(3, 7), 3.0f);
-    TerrainData dry = MakeTerrain(8, 4, 20.0f);
+    EXPECT_EQ(CountNotAt(t, 3.0f), 0);
     AdjustHeights(dry, 200.0f, 1);
-    EXPECT_EQ(dry.heights, MakeTerrain(8, 4, -10.0f).heights);
+    EXPECT_EQ(CountNotAt(dry, -10.0f), 0);
     AdjustHeights(dry, 500.0f, 2);
-    EXPECT_EQ(dry.heights, MakeTerrain(8, 4, 150.0f).heights);
-    TerrainData empty;
-    EXPECT_TRUE(ResetTerrain(empty).Empty());
-    EXPECT_TRUE(AdjustHeights(empty, 1.0f, 0).Empty());
+    EXPECT_EQ(CountNotAt(dry, 150.0f), 0);
+    EXPECT_TRUE(ResetTerrain(empty).Empty() && AdjustHeights(empty, 1.0f, 0).Empty());
 }
 
 TEST(EveryOperation, LeavesEveryPointFiniteAndTheGridItsSize) {
@@ -137,12 +100,11 @@ TEST(EveryOperation, LeavesEveryPointFiniteAndTheGridItsSize) {
     for (int column : {-5, 0, 3, 7, 8, 30})
         for (int radius : {0, 2, 5, 40}) {
             const float x = CursorX(t, column), z = CursorZ(t, column + 4);
-            ApplySculpt(t, x, z, 0, 0, radius, 60.0f);
-            ApplySculpt(t, x, z, 0, 0, radius, -60.0f);
+            for (float delta : {60.0f, -60.0f})
+                ApplySculpt(t, x, z, 0, 0, radius, delta);
             ApplySculpt(t, x, z, 0, 1, radius, -300.0f);
-            FlipArea(t, x, z, radius);
-            MirrorArea(t, x, z, radius);
-            InvertArea(t, x, z, radius);
+            for (AreaEdit op : {FlipArea, MirrorArea, InvertArea})
+                op(t, x, z, radius);
             FlattenToArea(t, x, z, radius, radius % 2);
             for (int preset = 0; preset < 6; ++preset)
                 FilterTerrain(t, PresetMatrix(preset), true, x, z, radius);

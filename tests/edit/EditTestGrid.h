@@ -4,7 +4,12 @@
 
 #include "TerrainModel.h"
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <initializer_list>
 
 inline TerrainData MakeTerrain(int columns, int rows, float level = 0.0f, bool water = false) {
     TerrainData terrain;
@@ -32,8 +37,21 @@ inline void NumberPoints(TerrainData& terrain) {
             terrain.heights.At(z, x) = static_cast<float>(z * 100 + x);
 }
 
+// How many points are not at the given height.
+inline int CountNotAt(const TerrainData& terrain, float height) {
+    const float* h = terrain.heights.Data();
+    return static_cast<int>(
+        std::count_if(h, h + terrain.heights.Size(), [height](float v) { return v != height; }));
+}
+
+// Checks the listed points, each {row, column, height}.
+inline void ExpectHeights(const TerrainData& terrain, std::initializer_list<std::array<float, 3>> points) {
+    for (const auto& [row, column, height] : points)
+        EXPECT_FLOAT_EQ(terrain.heights.At(static_cast<int>(row), static_cast<int>(column)), height)
+            << "row " << row << ", column " << column;
+}
+
 inline bool AllFinite(const TerrainData& terrain) {
-    for (std::size_t i = 0; i < terrain.heights.Size(); ++i)
-        if (!std::isfinite(terrain.heights.Data()[i])) return false;
-    return true;
+    const float* h = terrain.heights.Data();
+    return std::all_of(h, h + terrain.heights.Size(), [](float v) { return std::isfinite(v); });
 }

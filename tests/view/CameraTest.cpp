@@ -15,7 +15,6 @@ struct Ground {
     Ground(int side, float height) {
         terrain.columns = terrain.rows = side;
         terrain.spacingX = terrain.spacingZ = 1024.0f / static_cast<float>(side);
-        terrain.groundTiling = terrain.waterTiling = 10.0f;
         terrain.heights.Resize(side, side, height);
         mesh.Build(terrain);
         scene = {&mesh, terrain.spacingX, terrain.spacingZ};
@@ -23,13 +22,7 @@ struct Ground {
 };
 
 CameraState At(float x, float y, float z, float yaw = 0.0f, float pitch = 0.0f) {
-    CameraState camera;
-    camera.x = x;
-    camera.y = y;
-    camera.z = z;
-    camera.yaw = yaw;
-    camera.pitch = pitch;
-    return camera;
+    return {x, y, z, pitch, yaw};
 }
 
 CameraState Step(CameraState camera, HeldKeys keys, const SceneGround* ground = nullptr,
@@ -41,28 +34,19 @@ CameraState Step(CameraState camera, HeldKeys keys, const SceneGround* ground = 
 } // namespace
 
 TEST(CameraMoves, ShiftBeatsControlBeatsBAndForwardFollowsYawAndPitchWhileStrafingIsSideways) {
-    HeldKeys keys;
-    EXPECT_EQ(MovementSpeed(keys), 1.0f);
-    keys.extraFast = true;
-    EXPECT_EQ(MovementSpeed(keys), 20.0f);
-    keys.control = true;
-    EXPECT_EQ(MovementSpeed(keys), 0.1f);
-    keys.shift = true;
-    EXPECT_EQ(MovementSpeed(keys), 5.0f);
-    HeldKeys forward;
-    forward.forward = true;
+    EXPECT_EQ(MovementSpeed({}), 1.0f);
+    EXPECT_EQ(MovementSpeed({.extraFast = true}), 20.0f);
+    EXPECT_EQ(MovementSpeed({.control = true, .extraFast = true}), 0.1f);
+    EXPECT_EQ(MovementSpeed({.shift = true, .control = true, .extraFast = true}), 5.0f);
+    const HeldKeys forward{.forward = true};
     EXPECT_NEAR(Step(At(0, 100, 0), forward).z, -1.0f, 1e-6) << "the start view looks along -z";
     EXPECT_NEAR(Step(At(0, 100, 0, 90.0f), forward).x, -1.0f, 1e-5) << "a yaw of 90 turns the view to -x";
     EXPECT_NEAR(Step(At(0, 100, 0, 0.0f, -90.0f), forward).y, 99.0f, 1e-5)
         << "looking down, forward descends";
-    HeldKeys left;
-    left.left = true;
-    const CameraState moved = Step(CameraState{}, left);
-    EXPECT_NEAR(moved.x, -1.0f, 1e-6);
-    EXPECT_NEAR(moved.z, 0.0f, 1e-6);
-    HeldKeys turn;
-    turn.yawLeft = turn.pitchUp = turn.shift = true;
-    const CameraState turned = Step(CameraState{}, turn);
+    const CameraState moved = Step(At(0, 100, 0, 90.0f), {.left = true});
+    EXPECT_NEAR(moved.x, 0.0f, 1e-5);
+    EXPECT_NEAR(moved.z, 1.0f, 1e-5) << "turned to -x, left is +z";
+    const CameraState turned = Step(CameraState{}, {.pitchUp = true, .yawLeft = true, .shift = true});
     EXPECT_EQ(turned.yaw, 5.0f);
     EXPECT_EQ(turned.pitch, 5.0f);
 }
@@ -88,29 +72,31 @@ TEST(CameraBounds, PositionStopsAtTheSceneEdgesAndHeightsAndTheCursorMovesFiftyI
 
 TEST(CameraGround, StaysFiveAboveTheGroundButNeverBelowFiveAndResetsAboveTheCentre) {
     Ground hill(64, 40.0f), pit(64, -20.0f);
-    CameraState camera = At(0, 10, 0);
-    ApplyGroundRule(camera, hill.scene);
-    EXPECT_EQ(camera.y, 45.0f);
-    camera.y = -8.0f;
-    ApplyGroundRule(camera, pit.scene);
-    EXPECT_EQ(camera.y, 5.0f) << "the floor is never below 5";
-    // Past the far edge the extra row and column of the mesh (height 0) decide the floor.
-    camera = At(511, 0, 511);
-    ApplyGroundRule(camera, hill.scene);
-    EXPECT_EQ(camera.y, 5.0f);
-    HeldKeys down;
-    down.down = true;
+    // Past the far edges the mesh's extra row and column (height 0) decide; the floor is never below 5.
+    const struct {
+        const Ground& ground;
+        CameraState start;
+        float y;
+    } floors[] = {{hill, At(0, 10, 0), 45.0f},
+                  {hill, At(0, 46, 0), 46.0f},
+                  {hill, At(511, 0, 0), 5.0f},
+                  {hill, At(0, 0, 511), 5.0f},
+                  {pit, At(0, -8, 0), 5.0f}};
+    for (const auto& f : floors) {
+        CameraState camera = f.start;
+        ApplyGroundRule(camera, f.ground.scene);
+        EXPECT_EQ(camera.y, f.y) << f.start.x << "," << f.start.y << "," << f.start.z;
+    }
+    const HeldKeys down{.down = true};
     EXPECT_EQ(Step(At(0, 50, 0), down, &hill.scene, true).y, 49.0f);
     EXPECT_EQ(Step(At(0, 45.5f, 0), down, &hill.scene, true).y, 45.0f);
     EXPECT_EQ(Step(At(0, 45, 0), down, &hill.scene, false).y, 44.0f) << "without StayAbove it may go under";
 
-    camera = At(3, 0, 0, 0, 20.0f);
+    CameraState camera = At(3, 0, 0, 7.0f, 20.0f);
     camera.roll = 4.0f;
     ResetCamera(camera, nullptr);
-    EXPECT_EQ(camera.x, 0.0f);
+    EXPECT_EQ(camera.x + camera.yaw + camera.pitch + camera.roll, 0.0f) << "all back to zero";
     EXPECT_EQ(camera.y, 10.0f) << "without terrain";
-    EXPECT_EQ(camera.pitch, 0.0f);
-    EXPECT_EQ(camera.roll, 0.0f);
     Ground high(33, 70.0f), low(33, -9.0f);
     ResetCamera(camera, &high.scene);
     EXPECT_EQ(camera.y, 75.0f);
