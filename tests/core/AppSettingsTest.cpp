@@ -6,9 +6,9 @@
 
 #include <clocale>
 #include <filesystem>
-#include <fstream>
 #include <locale>
 #include <stdexcept>
+#include <tuple>
 
 namespace {
 
@@ -16,13 +16,12 @@ namespace {
 AppSettings Changed() {
     AppSettings s;
     s.askImportOverwrite = s.askLoadTrackTerrain = 2;
-    s.askLoadNoTerrain = 1;
+    s.askLoadNoTerrain = s.sculptMode = 1;
     s.waterTrans = 0.40625f;
     s.useWaterTrans = s.stayAbove = s.viewTerrain = s.viewWater = s.viewSkybox = s.viewTextures = false;
     s.viewTrack = s.viewSupports = s.viewTrees = false;
     s.noLights = s.viewGuidelines = s.clipTerrain = true;
     s.sculptTool = 2;
-    s.sculptMode = 1;
     s.sculptSize = 17;
     for (std::size_t i = 0; i < kStoredColourCount; ++i)
         s.colorTable[i] = {i / 16.0f, 0.12345f, 1 - i / 32.0f};
@@ -41,13 +40,9 @@ AppSettings Parsed(const IniText& text, AppSettings start = {}) {
 
 TEST(SettingsFile,
      SaveThenLoadKeepsEveryFieldBothWaysNoFileKeepsTheStartUpValuesAndAFailedSaveThePreviousFile) {
-    const AppSettings s;
-    EXPECT_TRUE(s.viewWater && s.viewSupports && s.useWaterTrans && s.viewSkybox && s.rmbrRecents);
-    EXPECT_FALSE(s.viewGuidelines || s.clipTerrain || s.noLights);
-    EXPECT_EQ(s.colorTable[15], (RgbColour{0.5f, 0.0f, 0.0f}));
-    AppSettings derived = s;
+    AppSettings derived;
     DeriveShadedColours(derived);
-    EXPECT_EQ(derived, s) << "the default guideline colours are the halves of the track colours";
+    EXPECT_EQ(derived, AppSettings{}) << "the default guideline colours are the halves of the track colours";
     ScratchFolder folder;
     const std::string path = folder.File("CorvantaLandwright.ini");
     AppSettings loaded = Changed();
@@ -81,41 +76,30 @@ TEST(SettingsFile,
         << "no temporary left";
 }
 
-TEST(SettingsParsing, RememberSwitchesGateViewsToolsAndRecents) {
+TEST(SettingsParsing,
+     RememberSwitchesGateViewsToolsAndRecentsSomeKeysCountOnlyWhenPresentAndColoursAreDerived) {
     AppSettings start;
     start.recentPaths[0] = "kept.cvtrack";
-    const AppSettings s =
-        Parsed(";c\r\nRmbrViews=False\r\nRmbrTools=false\r\nRmbrRecents=0\r\nViewWater=False\r\n"
-               "ClipTerrain=True\r\nSculptSize=5\r\nRF0=x.cvtrack\r\n",
-               start);
+    AppSettings s = Parsed(";c\r\nRmbrViews=False\r\nRmbrTools=false\r\nRmbrRecents=0\r\nViewWater=False\r\n"
+                           "ClipTerrain=True\r\nSculptSize=5\r\nRF0=x.cvtrack\r\n",
+                           start);
     EXPECT_FALSE(s.rmbrViews || s.rmbrTools || s.rmbrRecents || s.clipTerrain);
     EXPECT_TRUE(s.viewWater);
-    EXPECT_EQ(s.sculptSize, 2);
-    EXPECT_EQ(s.recentPaths[0], "kept.cvtrack");
-}
-
-TEST(SettingsParsing, SomeKeysCountOnlyWhenPresentOthersReadMissingAsZero) {
-    AppSettings start = Changed();
-    const AppSettings s =
-        Parsed(";c\r\nWaterTrans=0.25\r\nRmbrViews=1\r\nRmbrTools=-1\r\nRmbrRecents=TRUE\r\n", start);
-    EXPECT_EQ(s.waterTrans, 0.40625f) << "WaterTrans is read only along with UseWaterTrans";
-    EXPECT_TRUE(s.noLights && s.clipTerrain);
-    EXPECT_FALSE(s.viewGuidelines);
-    EXPECT_EQ(s.askLoadNoTerrain + s.sculptTool, 0);
-    EXPECT_EQ(s.colorTable[3], RgbColour{});
-    EXPECT_EQ(s.colorTable[14], RgbColour{});
+    EXPECT_EQ(std::tuple(s.sculptSize, s.recentPaths[0]), std::tuple(2, "kept.cvtrack"));
+    // UseWaterTrans (with WaterTrans), NoLights and ClipTerrain count only when present; the rest
+    // read a missing key as zero.
+    s = Parsed(";c\r\nWaterTrans=0.25\r\nRmbrViews=1\r\nRmbrTools=-1\r\nRmbrRecents=TRUE\r\n", Changed());
+    EXPECT_TRUE(s.noLights && s.clipTerrain && !s.viewGuidelines);
+    EXPECT_EQ(std::tuple(s.waterTrans, s.askLoadNoTerrain, s.sculptTool, s.colorTable[3], s.colorTable[14]),
+              std::tuple(0.40625f, 0, 0, RgbColour{}, RgbColour{}));
     EXPECT_EQ(s.recentPaths[1] + s.recentTitles[1], "");
     EXPECT_EQ(Parsed(";c\r\nUseWaterTrans=False\r\n").waterTrans, 0.0f);
-}
-
-TEST(SettingsParsing, ColoursBeyondTenAreDerivedAndTheLastLineQuirkReachesRecents) {
-    const AppSettings s =
-        Parsed(";c\r\nCR0=0.5\r\nCG0=1\r\nCB0=0.25\r\nCR11=0.9\r\nCR4=0.2\r\nRmbrRecents=True\r\n"
-               "RF4=C:\\t\\Loop.cvtrack");
+    // Colours from 11 on are derived, and the last line quirk reaches the recent files.
+    s = Parsed(";c\r\nCR0=0.5\r\nCG0=1\r\nCB0=0.25\r\nCR11=0.9\r\nCR4=0.2\r\nRmbrRecents=True\r\nRF4=C:"
+               "\\t\\Loop.cvtrack");
     EXPECT_EQ(s.colorTable[11], (RgbColour{0.25f, 0.5f, 0.125f}));
     EXPECT_EQ(s.colorTable[15], (RgbColour{0.1f, 0.0f, 0.0f}));
-    EXPECT_EQ(s.recentPaths[4], "C:\\t\\Loop.cvtrac");
-    EXPECT_EQ(s.recentTitles[4], "Loop.cvtrac");
+    EXPECT_EQ(s.recentPaths[4] + "|" + s.recentTitles[4], "C:\\t\\Loop.cvtrac|Loop.cvtrac");
 }
 
 TEST(SettingsParsing, CommaLocaleStillWritesAndReadsAPoint) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <tuple>
 
 TEST(TerrainModel, GridIsCentredOnTheOrigin) {
     TerrainModel model;
@@ -18,28 +19,21 @@ TEST(TerrainModel, GridIsCentredOnTheOrigin) {
     EXPECT_FLOAT_EQ(model.PointZ(0), -256.0f);
 }
 
-TEST(TerrainModel, NewGridStartsAtWaterLevelOrAtTheGroundWithoutWater) {
+TEST(TerrainModel, NewGridStartsAtWaterLevelOrAtTheGroundWithoutWaterAndClearKeepsTheTrackFlags) {
     TerrainModel model;
-    model.waterEnabled = true;
+    model.waterEnabled = model.terrainChanged = true;
     model.waterTexture = "teratextures\\TropicalWater.jpg";
     model.waterTiling = 50.0f;
     model.reflection = 128;
-    model.terrainChanged = true;
     NewTerrainGrid(model, 6, 3);
     EXPECT_EQ(model.heights, HeightGrid(6, 3, 1.0f));
     EXPECT_EQ(model.waterTexture, "teratextures\\TropicalWater.jpg");
-    EXPECT_FALSE(model.terrainChanged);
-    EXPECT_TRUE(model.terrainPresent);
+    EXPECT_TRUE(!model.terrainChanged && model.terrainPresent);
     model.waterEnabled = false;
     NewTerrainGrid(model, 3, 6);
     EXPECT_EQ(model.heights, HeightGrid(3, 6, 0.0f));
-    EXPECT_EQ(model.waterTexture + "/" + std::to_string(model.reflection), "/0");
-    EXPECT_EQ(model.waterTiling, 1.0f);
-}
-
-TEST(TerrainModel, ClearEmptiesTheTerrainButKeepsTheTrackFlags) {
-    TerrainModel model;
-    NewTerrainGrid(model, 5, 5);
+    EXPECT_EQ(std::tie(model.waterTexture, model.reflection, model.waterTiling),
+              std::make_tuple(std::string(), std::uint8_t{0}, 1.0f));
     model.groundTexture = "x";
     model.trackPresent = true;
     model.trackFilePath = "/t/a.cvtrack";
@@ -51,37 +45,24 @@ TEST(TerrainModel, ClearEmptiesTheTerrainButKeepsTheTrackFlags) {
 }
 
 TEST(TerrainModel, DefaultsFillOnlyWhatIsMissing) {
-    TerrainData t;
-    t.detailTexture = "teratextures\\RockDetail.jpg"; // replaced: the ground path is empty
-    t.detailTiling = 0.5f;
-    t.waterTexture = "teratextures\\DeepWater.jpg";
-    t.waterTiling = 20.0f;
-    t.reflection = 3;
-    ApplyTerrainDefaults(t);
-    EXPECT_EQ(t.groundTexture + " " + t.detailTexture,
-              "teratextures\\GrassTerrain.jpg teratextures\\GrassDetail.jpg");
-    EXPECT_EQ(t.groundTiling, 10.0f);
-    EXPECT_EQ(t.detailTiling, 150.0f);
-    EXPECT_EQ(t.waterTexture, "teratextures\\DeepWater.jpg");
-    EXPECT_EQ(t.waterTiling, 20.0f);
-    EXPECT_EQ(t.reflection, 3);
-    // Paths present are kept; tilings below 1 or not a number take their defaults.
-    TerrainData low;
-    low.groundTexture = "g";
-    low.groundTiling = 0.99f;
-    low.detailTexture = "d";
-    low.detailTiling = 0.5f;
-    low.waterTexture = "w";
-    low.waterTiling = std::numeric_limits<float>::quiet_NaN();
-    ApplyTerrainDefaults(low);
-    EXPECT_EQ(low.groundTexture + low.detailTexture + low.waterTexture, "gdw");
-    EXPECT_EQ(low.groundTiling, 10.0f);
-    EXPECT_EQ(low.detailTiling, 150.0f);
-    EXPECT_EQ(low.waterTiling, 50.0f);
-    EXPECT_EQ(low.reflection, 0) << "a water path present keeps its reflection";
-    TerrainData empty;
-    ApplyTerrainDefaults(empty);
-    EXPECT_EQ(empty.waterTexture, "teratextures\\TropicalWater.jpg");
-    EXPECT_EQ(empty.waterTiling, 50.0f);
-    EXPECT_EQ(empty.reflection, 128);
+    const auto filled = [](std::string ground, std::string detail, std::string water, float tiling) {
+        TerrainData t;
+        t.groundTexture = ground;
+        t.detailTexture = detail;
+        t.waterTexture = water;
+        t.groundTiling = t.detailTiling = t.waterTiling = tiling;
+        t.reflection = 3;
+        ApplyTerrainDefaults(t);
+        return std::make_tuple(t.groundTexture, t.groundTiling, t.detailTexture, t.detailTiling,
+                               t.waterTexture, t.waterTiling, int{t.reflection});
+    };
+    // Without a ground path the detail path goes too; a water path present keeps its reflection.
+    EXPECT_EQ(filled("", "d", "w", 20.0f),
+              std::make_tuple(std::string(kDefaultGroundTexture), 10.0f, std::string(kDefaultDetailTexture),
+                              150.0f, "w", 20.0f, 3));
+    EXPECT_EQ(filled("g", "d", "", 1.0f),
+              std::make_tuple("g", 1.0f, "d", 1.0f, std::string(kDefaultWaterTexture), 50.0f, 128));
+    // Tilings below 1 or not a number take their defaults.
+    for (const float bad : {0.99f, std::numeric_limits<float>::quiet_NaN()})
+        EXPECT_EQ(filled("g", "d", "w", bad), std::make_tuple("g", 10.0f, "d", 150.0f, "w", 50.0f, 3)) << bad;
 }

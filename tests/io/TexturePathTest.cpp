@@ -29,13 +29,14 @@ TEST(TexturePath, ResolvesUnderTheProgramFolderMatchingCaseOnlyWhenTheExactNameI
     const auto forward = ResolveTexturePath(home.Path().string(), "teratextures/rocks/Grey.jpg");
     ASSERT_TRUE(forward.has_value());
     EXPECT_TRUE(fs::equivalent(*forward, *resolved));
-    // Another spelling is found while the exact one is missing, and loses to it once it exists.
-    Touch(home.Path() / "Ground" / "grassterrain.JPG");
-    EXPECT_EQ(fs::path(ResolveTexturePath(folder, "ground\\GrassTerrain.jpg").value_or("")),
-              home.Path() / "Ground" / "grassterrain.JPG");
-    Touch(home.Path() / "Ground" / "GrassTerrain.jpg");
-    EXPECT_EQ(fs::path(ResolveTexturePath(folder, "Ground\\GrassTerrain.jpg").value_or("")),
-              home.Path() / "Ground" / "GrassTerrain.jpg");
+    // Another spelling is found while the exact one is missing, and loses to it once it exists,
+    // even to a spelling that sorts first.
+    Touch(home.Path() / "Ground" / "GrassTerrain.JPG");
+    EXPECT_EQ(fs::path(ResolveTexturePath(folder, "ground\\grassterrain.jpg").value_or("")),
+              home.Path() / "Ground" / "GrassTerrain.JPG");
+    Touch(home.Path() / "Ground" / "grassterrain.jpg");
+    EXPECT_EQ(fs::path(ResolveTexturePath(folder, "Ground\\grassterrain.jpg").value_or("")),
+              home.Path() / "Ground" / "grassterrain.jpg");
     // A missing file resolves to the path as written.
     const auto absent = ResolveTexturePath(folder, "teratextures\\sub\\Absent.jpg");
     ASSERT_TRUE(absent.has_value());

@@ -10,14 +10,12 @@
 #include <vector>
 
 struct ShownMessage {
-    std::string text;
-    std::string title;
+    std::string text, title;
     MessageIcon icon;
 };
 
 struct AskedQuestion {
-    std::string text;
-    std::string title;
+    std::string text, title;
     Buttons buttons;
     MessageIcon icon;
     Answer defaultAnswer;
@@ -32,8 +30,7 @@ class ScriptedShell : public Shell {
 public:
     // Scripted answers, used front first.
     std::deque<Answer> answers;
-    std::deque<std::optional<std::string>> openChoices;
-    std::deque<std::optional<std::string>> saveChoices;
+    std::deque<std::optional<std::string>> openChoices, saveChoices;
     std::deque<AskResult> askChoices;
     std::deque<std::optional<ByteColour>> colourChoices;
     bool startSucceeds = true;
@@ -41,25 +38,30 @@ public:
     // What happened.
     std::vector<ShownMessage> messages;
     std::vector<AskedQuestion> questions;
-    std::vector<FileDialogOptions> openDialogs;
-    std::vector<FileDialogOptions> saveDialogs;
+    std::vector<FileDialogOptions> openDialogs, saveDialogs;
     std::vector<AskKind> askDialogs;
     std::vector<ByteColour> colourDialogs; // the colour each colour dialog started at
     std::vector<StartedProgram> started;
     std::vector<std::string> openedDocuments;
-    int textureReloads = 0;
-    int renders = 0;
-    int uiUpdates = 0;
+    int textureReloads = 0, renders = 0, uiUpdates = 0;
 
-    void ShowMessage(const std::string& text, const std::string& title, MessageIcon icon) override;
+    void ShowMessage(const std::string& text, const std::string& title, MessageIcon icon) override {
+        messages.push_back({text, title, icon});
+    }
     Answer Ask(const std::string& text, const std::string& title, Buttons buttons, MessageIcon icon,
                Answer defaultAnswer) override;
     std::optional<std::string> ShowOpenDialog(const FileDialogOptions& options) override;
     std::optional<std::string> ShowSaveDialog(const FileDialogOptions& options) override;
     AskResult AskDialog(AskKind kind) override;
     std::optional<ByteColour> ShowColourDialog(const ByteColour& initial) override;
-    bool StartDetached(const std::string& program, const std::vector<std::string>& arguments) override;
-    bool OpenWithDesktop(const std::string& path) override;
+    bool StartDetached(const std::string& program, const std::vector<std::string>& arguments) override {
+        started.push_back({program, arguments});
+        return startSucceeds;
+    }
+    bool OpenWithDesktop(const std::string& path) override {
+        openedDocuments.push_back(path);
+        return true;
+    }
     void ReloadTextures() override { ++textureReloads; }
     void RenderScene() override { ++renders; }
     void UpdateUI() override { ++uiUpdates; }

@@ -37,15 +37,6 @@ void WriteBytes(const std::string& path, const std::vector<std::uint8_t>& bytes)
     if (!out) throw std::runtime_error("cannot write " + path);
 }
 
-std::string ReadText(const std::string& path) {
-    const std::vector<std::uint8_t> bytes = ReadBytes(path);
-    return {bytes.begin(), bytes.end()};
-}
-
-void WriteText(const std::string& path, const std::string& text) {
-    WriteBytes(path, {text.begin(), text.end()});
-}
-
 FileSizeLimit::FileSizeLimit(std::uint64_t bytes) {
     previousHandler_ = std::signal(SIGXFSZ, SIG_IGN);
     rlimit limit{};

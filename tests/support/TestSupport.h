@@ -23,8 +23,13 @@ private:
 
 std::vector<std::uint8_t> ReadBytes(const std::string& path);
 void WriteBytes(const std::string& path, const std::vector<std::uint8_t>& bytes);
-std::string ReadText(const std::string& path);
-void WriteText(const std::string& path, const std::string& text);
+inline std::string ReadText(const std::string& path) {
+    const std::vector<std::uint8_t> bytes = ReadBytes(path);
+    return {bytes.begin(), bytes.end()};
+}
+inline void WriteText(const std::string& path, const std::string& text) {
+    WriteBytes(path, {text.begin(), text.end()});
+}
 
 // Limits the size of files this process may write while the object lives (writes beyond it fail
 // instead of raising a signal), to make a save fail part-way.
