@@ -1,15 +1,15 @@
 #pragma once
 // A main window started as the program starts it, over a scratch program folder, with its
-// dialogs answered by a scripted shell; and helpers for driving any window by object name.
+// dialogs answered by a scripted shell; a dialog over an editor of its own; and helpers for
+// driving any window by object name.
 
 #include "ScriptedShell.h"
 #include "TestSupport.h"
 #include "frmMain.h"
 
-#include <QAction>
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QTest>
+#include <QtWidgets/QtWidgets>
 
 #include <gtest/gtest.h>
 
@@ -35,11 +35,7 @@ protected:
     std::unique_ptr<frmMain> window;
 
     void SetUp() override { Restart(); }
-
-    void TearDown() override {
-        shell.ExpectAllAnswersUsed();
-        window.reset();
-    }
+    void TearDown() override { shell.ExpectAllAnswersUsed(); }
 
     void Restart() {
         window = std::make_unique<frmMain>(QString::fromStdString(home.Path().string()));
@@ -48,19 +44,24 @@ protected:
     }
 
     Editor& Session() { return window->Session(); }
-
     void StartOnDemo() {
         ASSERT_TRUE(window->Startup(QString::fromStdString(DemoTrack())));
         ASSERT_TRUE(Session().terrain.terrainPresent);
+        Session().cursor = {40.0f, 0.0f, -60.0f}; // in front of the start, on ground to edit
+        Activate();
     }
 
-    static std::string DemoTrack() { return std::string(LW_BIN_DIR) + "/tracks/Demo.cvtrack"; }
-    static std::string DemoTrackWithoutTerrain() {
-        return std::string(LW_BIN_DIR) + "/tracks/DemoNoTerrain.cvtrack";
+    // Menu shortcuts reach only the active window.
+    void Activate() {
+        window->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    }
+
+    static std::string DemoTrack(const char* name = "Demo") {
+        return std::string(LW_BIN_DIR) + "/tracks/" + name + ".cvtrack";
     }
 
     QAction* Action(const char* name) const { return Child<QAction>(window.get(), name); }
-
     // Lets events run until the condition holds or the time is up; returns the condition.
     static bool WaitFor(const std::function<bool()>& condition, int milliseconds = 5000) {
         QElapsedTimer clock;
@@ -68,5 +69,22 @@ protected:
         while (!condition() && clock.elapsed() < milliseconds)
             QApplication::processEvents(QEventLoop::AllEvents, 20);
         return condition();
+    }
+};
+
+// A Dialog over an editor of its own, with its questions answered by a scripted shell.
+template <typename Dialog> class DialogTest : public ::testing::Test {
+protected:
+    ScratchFolder folder;
+    ScriptedShell shell;
+    Editor editor{shell, folder.Path().string()};
+    std::unique_ptr<Dialog> dialog;
+
+    void SetUp() override { editor.InitPaths(); }
+    void TearDown() override { shell.ExpectAllAnswersUsed(); }
+
+    void Open() {
+        dialog = std::make_unique<Dialog>(editor, nullptr);
+        dialog->show();
     }
 };

@@ -7,28 +7,10 @@
 #include "frmFilter.h"
 #include "pbOpenGL.h"
 
-#include <QCheckBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMouseEvent>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QSlider>
-#include <QTest>
-#include <QToolButton>
-
 namespace {
 
 class SculptingTest : public MainWindowTest {
 protected:
-    void StartOnDemo() {
-        MainWindowTest::StartOnDemo();
-        window->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-        Session().cursor = {40.0f, 0.0f, -60.0f};
-    }
-
     float HeightUnderCursor() {
         Session().UpdateCursorHeight();
         return Session().cursor.y;
@@ -51,9 +33,11 @@ protected:
 
 } // namespace
 
-TEST_F(SculptingTest, DraggingLooksAroundInCameraModeAndRaisesTheGroundAsOneUndoStepInTerrainMode) {
+TEST_F(SculptingTest, DragsLookOrSculptInOneStepEachAndTheEditingKeysActOnTheAreaUnderTheCursor) {
     StartOnDemo();
-    EXPECT_FALSE(Action("mnuUndo")->isEnabled());
+    shell.answers.push_back(Answer::No);
+    window->mnuReset->trigger();
+    EXPECT_FALSE(window->mnuUndo->isEnabled()) << "a refused reset leaves nothing to undo";
     const HeightGrid before = Session().terrain.heights;
     DragInView(-10, 3);
     EXPECT_EQ(Session().terrain.heights, before) << "camera mode leaves the terrain alone";
@@ -64,171 +48,113 @@ TEST_F(SculptingTest, DraggingLooksAroundInCameraModeAndRaisesTheGroundAsOneUndo
     Session().settings.sculptMode = 1;
     DragInView(-10, 5); // five moves of 10 pixels up: 5 units in absolute mode
     EXPECT_NEAR(HeightUnderCursor(), std::min(start + 5.0f, 150.0f), 1e-3);
-    EXPECT_FALSE(window->Sculpting());
-    EXPECT_FALSE(window->MouseCaptured());
-    EXPECT_TRUE(Action("mnuUndo")->isEnabled());
+    EXPECT_FALSE(window->Sculpting() || window->MouseCaptured()) << "the release ends the stroke";
+    EXPECT_TRUE(window->mnuUndo->isEnabled());
     EXPECT_EQ(Session().undo.UndoCount(), 1) << "one press, one step";
-    EXPECT_TRUE(Session().terrain.terrainChanged);
-    EXPECT_EQ(Session().mesh.Vertex(102, 102).y, Session().terrain.heights.At(102, 102));
     DragInView(20, 2); // down again
     EXPECT_EQ(Session().undo.UndoCount(), 2);
-    QTest::keyClick(window->view, Qt::Key_Z);
-    QTest::keyClick(window->view, Qt::Key_Z);
+    QTest::keyClicks(window->view, "zz");
     EXPECT_EQ(Session().terrain.heights, before) << "Z undoes both strokes";
-    EXPECT_FALSE(Action("mnuUndo")->isEnabled());
-    EXPECT_TRUE(Action("mnuRedo")->isEnabled());
+    EXPECT_FALSE(window->mnuUndo->isEnabled());
+    EXPECT_TRUE(window->mnuRedo->isEnabled());
     QTest::keyClick(window->view, Qt::Key_X);
     EXPECT_NEAR(HeightUnderCursor(), std::min(start + 5.0f, 150.0f), 1e-3) << "X redoes the first stroke";
+
+    Session().settings.sculptSize = 3;
+    const HeightGrid area = Session().terrain.heights;
+    QTest::keyClick(window->view, Qt::Key_F);
+    EXPECT_NE(Session().terrain.heights, area);
+    QTest::keyClick(window->view, Qt::Key_F);
+    EXPECT_EQ(Session().terrain.heights, area) << "flipping twice restores the area";
+    // Each key runs its own operation: the heights match the command's on the same area.
+    for (const auto& [key, command] :
+         {std::pair{Qt::Key_F, &Editor::FlipArea}, std::pair{Qt::Key_M, &Editor::MirrorArea},
+          std::pair{Qt::Key_I, &Editor::InvertArea}}) {
+        (Session().*command)();
+        const HeightGrid expected = Session().terrain.heights;
+        Session().Undo();
+        QTest::keyClick(window->view, key);
+        EXPECT_EQ(Session().terrain.heights, expected) << QKeySequence(key).toString().toStdString();
+    }
+    EXPECT_EQ(Session().undo.UndoCount(), 6) << "one step for each stroke and key after the redone stroke";
+    EXPECT_FALSE(window->mnuPaste->isEnabled());
+    QTest::keyClick(window->view, Qt::Key_C);
+    EXPECT_TRUE(window->mnuPaste->isEnabled());
+    window->mnuFlattenToGround->trigger();
+    const float flat = Session().terrain.waterEnabled ? 0.5f : 0.0f;
+    EXPECT_EQ(HeightUnderCursor(), flat);
+    QTest::keyClick(window->view, Qt::Key_V);
+    EXPECT_NE(HeightUnderCursor(), flat) << "the copied hill is back";
+    EXPECT_EQ(Session().undo.UndoCount(), 8);
 }
 
-TEST_F(SculptingTest, MenusBarAndKeysKeepTheSculptSettingsInStep) {
+TEST_F(SculptingTest, MenusBarKeysAndTheNextStartKeepTheSculptSettingsInStep) {
     StartOnDemo();
-    Action("mnuSculptMode_1")->trigger();
+    window->mnuSculptMode[1]->trigger();
     EXPECT_EQ(Session().settings.sculptMode, 1);
-    EXPECT_TRUE(Child<QToolButton>(window.get(), "optMove_1")->isChecked());
-    Child<QToolButton>(window.get(), "optMove_0")->click();
+    EXPECT_TRUE(window->optMove[1]->isChecked());
+    window->optMove[0]->click();
     EXPECT_EQ(Session().settings.sculptMode, 0);
-    EXPECT_TRUE(Action("mnuSculptMode_0")->isChecked());
+    EXPECT_TRUE(window->mnuSculptMode[0]->isChecked());
     QTest::keyClick(window->view, Qt::Key_R);
     EXPECT_EQ(Session().settings.sculptMode, 1) << "R toggles the mode";
-    EXPECT_TRUE(Action("mnuSculptMode_1")->isChecked());
+    EXPECT_TRUE(window->mnuSculptMode[1]->isChecked());
 
     QTest::keyClick(window->view, Qt::Key_6);
     EXPECT_EQ(Session().settings.sculptSize, 5);
-    EXPECT_TRUE(Child<QToolButton>(window.get(), "optSize_5")->isChecked());
-    EXPECT_EQ(Child<QToolButton>(window.get(), "optSize_5")->toolTip(), "Effect Area: Gigantic");
-    Child<QToolButton>(window.get(), "optSize_1")->click();
+    EXPECT_TRUE(window->optSize[5]->isChecked());
+    window->optSize[1]->click();
     EXPECT_EQ(Session().settings.sculptSize, 1);
-    EXPECT_TRUE(Action("mnuSculptSize_1")->isChecked());
-
-    auto* slider = Child<QSlider>(window.get(), "hsSculptSize");
-    slider->setValue(13);
+    EXPECT_TRUE(window->mnuSculptSize[1]->isChecked());
+    window->hsSculptSize->setValue(13);
     EXPECT_EQ(Session().settings.sculptSize, 13) << "the slider sets the radius whichever size is ticked";
-    EXPECT_EQ(Child<QLabel>(window.get(), "lblSculptSize")->text(), "13");
-    EXPECT_TRUE(Action("mnuSculptSize_1")->isChecked()) << "without ticking Custom";
-    Action("mnuSculptSize_3")->trigger();
+    EXPECT_EQ(window->lblSculptSize->text(), "13");
+    EXPECT_TRUE(window->mnuSculptSize[1]->isChecked()) << "without ticking Custom";
+    window->mnuSculptSize[3]->trigger();
     EXPECT_EQ(Session().settings.sculptSize, 3);
-    Action("mnuSculptSize_6")->trigger();
+    window->mnuSculptSize[6]->trigger();
     EXPECT_EQ(Session().settings.sculptSize, 13) << "Custom takes the slider's radius";
-    EXPECT_TRUE(Child<QToolButton>(window.get(), "optSize_6")->isChecked());
-
-    Action("mnuSculptTool_2")->trigger();
+    EXPECT_TRUE(window->optSize[6]->isChecked());
+    window->mnuSculptTool[2]->trigger();
     EXPECT_EQ(Session().settings.sculptTool, 2);
-    EXPECT_FALSE(Action("mnuSculptTool_0")->isChecked());
-}
 
-TEST_F(SculptingTest, TheSculptSettingsComeBackOnTheNextStart) {
     window->close(); // writes the settings file
-    WriteText(
-        home.File("CorvantaLandwright.ini"),
-        ";x\r\n[General]\r\nRmbrTools=True\r\n[Tools]\r\nSculptTool=1\r\nSculptMode=1\r\nSculptSize=12\r\n");
     Restart();
     ASSERT_TRUE(window->Startup(""));
-    EXPECT_TRUE(Action("mnuSculptTool_1")->isChecked());
-    EXPECT_TRUE(Action("mnuSculptMode_1")->isChecked());
-    EXPECT_TRUE(Child<QToolButton>(window.get(), "optMove_1")->isChecked());
-    EXPECT_TRUE(Action("mnuSculptSize_6")->isChecked());
-    EXPECT_EQ(Child<QSlider>(window.get(), "hsSculptSize")->value(), 12);
-    Action("mnuSculptSize_2")->trigger();
-    window->close();
-    EXPECT_NE(ReadText(home.File("CorvantaLandwright.ini")).find("SculptSize=2"), std::string::npos);
+    EXPECT_TRUE(window->mnuSculptTool[2]->isChecked());
+    EXPECT_TRUE(window->mnuSculptMode[1]->isChecked());
+    EXPECT_TRUE(window->optMove[1]->isChecked());
+    EXPECT_TRUE(window->mnuSculptSize[6]->isChecked());
+    EXPECT_EQ(window->hsSculptSize->value(), 13);
 }
 
-TEST_F(SculptingTest, EditingKeysAndToolsEntriesActOnTheAreaUnderTheCursor) {
-    StartOnDemo();
-    Session().settings.sculptSize = 3;
-    const HeightGrid before = Session().terrain.heights;
-    QTest::keyClick(window->view, Qt::Key_F);
-    EXPECT_NE(Session().terrain.heights, before);
-    QTest::keyClick(window->view, Qt::Key_F);
-    EXPECT_EQ(Session().terrain.heights, before) << "flipping twice restores the area";
-    QTest::keyClick(window->view, Qt::Key_M);
-    QTest::keyClick(window->view, Qt::Key_M);
-    QTest::keyClick(window->view, Qt::Key_I);
-    EXPECT_EQ(Session().undo.UndoCount(), 5);
-    EXPECT_FALSE(Action("mnuPaste")->isEnabled());
-    QTest::keyClick(window->view, Qt::Key_C);
-    EXPECT_TRUE(Action("mnuPaste")->isEnabled());
-    Action("mnuFlattenToGround")->trigger();
-    EXPECT_EQ(HeightUnderCursor(), Session().terrain.waterEnabled ? 0.5f : 0.0f);
-    QTest::keyClick(window->view, Qt::Key_V);
-    EXPECT_NE(HeightUnderCursor(), Session().terrain.waterEnabled ? 0.5f : 0.0f) << "the copied hill is back";
-    EXPECT_EQ(Session().undo.UndoCount(), 7);
-}
-
-TEST_F(SculptingTest, ResetAndTheEditingEntriesNeedATerrain) {
-    ASSERT_TRUE(window->Startup(""));
-    for (const char* name :
-         {"mnuCopy", "mnuFlip", "mnuMirror", "mnuInvert", "mnuFlatten", "mnuFlattenToGround",
-          "mnuFlattenToWater", "mnuAdjustHeight", "mnuFilter", "mnuReset", "mnuUndo", "mnuRedo"})
-        EXPECT_FALSE(Action(name)->isEnabled()) << name;
-    Session().OpenTrack(DemoTrack());
-    EXPECT_TRUE(Action("mnuReset")->isEnabled());
-    shell.answers.push_back(Answer::No);
-    Action("mnuReset")->trigger();
-    EXPECT_FALSE(Action("mnuUndo")->isEnabled()) << "a refused reset leaves nothing to undo";
-}
-
-TEST_F(SculptingTest, AdjustHeightAppliesTheChosenModeAndCancelChangesNothing) {
-    StartOnDemo();
-    const HeightGrid before = Session().terrain.heights;
-    {
-        frmAdjustHeight dialog(Session(), window.get());
-        Child<QLineEdit>(&dialog, "txtHeight")->setText("7");
-        Child<QRadioButton>(&dialog, "optMode_2")->setChecked(true);
-        Child<QPushButton>(&dialog, "btnCancel")->click();
-    }
-    EXPECT_EQ(Session().terrain.heights, before);
-    EXPECT_FALSE(Action("mnuUndo")->isEnabled());
-    frmAdjustHeight dialog(Session(), window.get());
-    EXPECT_EQ(dialog.windowTitle(), "Adjust Height");
-    EXPECT_EQ(Child<QRadioButton>(&dialog, "optMode_1")->text(), "Lower by this ammount");
-    auto* height = Child<QLineEdit>(&dialog, "txtHeight");
-    height->clear();
-    QTest::keyClicks(height, "2x5");
-    EXPECT_EQ(height->text(), "25") << "letters cannot be typed";
-    Child<QRadioButton>(&dialog, "optMode_1")->setChecked(true);
-    Child<QPushButton>(&dialog, "btnOkay")->click();
-    EXPECT_EQ(dialog.result(), QDialog::Accepted);
-    EXPECT_EQ(Session().terrain.heights.At(10, 10), std::max(before.At(10, 10) - 25.0f, -10.0f));
-    EXPECT_TRUE(Action("mnuUndo")->isEnabled());
-}
-
-TEST_F(SculptingTest,
-       TheFilterDialogLoadsPresetsFiltersKeysRefusesAZeroFactorAndAppliesADoubleClickedPreset) {
+TEST_F(SculptingTest, TheFilterAndAdjustHeightDialogsApplyWhatTheirControlsSayAndRefuseOrCancelCleanly) {
     StartOnDemo();
     frmFilter dialog(Session(), window.get());
-    EXPECT_EQ(dialog.windowTitle(), "Terrain Filter...");
     EXPECT_EQ(dialog.Matrix(), PresetMatrix(0)) << "opens on Soften Sharp Edges";
-    auto* presets = Child<QListWidget>(&dialog, "lstPresets");
-    ASSERT_EQ(presets->count(), 6);
-    presets->setCurrentRow(5);
+    dialog.lstPresets->setCurrentRow(5);
     EXPECT_EQ(dialog.Matrix(), PresetMatrix(5));
-    EXPECT_EQ(Child<QLineEdit>(&dialog, "txtMatrix_1")->text(), "-1");
 
-    auto* entry = Child<QLineEdit>(&dialog, "txtMatrix_4");
+    QLineEdit* entry = dialog.txtMatrix[4];
     entry->clear();
     QTest::keyClicks(entry, "a1b2-");
     EXPECT_EQ(entry->text(), "12-") << "only digits and the minus sign";
-    auto* automatic = Child<QCheckBox>(&dialog, "chkAutoFactor");
-    automatic->setChecked(true);
-    EXPECT_FALSE(Child<QLineEdit>(&dialog, "txtFactor")->isEnabled());
-    EXPECT_EQ(Child<QLineEdit>(&dialog, "txtFactor")->text(), "6") << "ticking alone does not recompute";
+    dialog.chkAutoFactor->setChecked(true);
+    EXPECT_FALSE(dialog.txtFactor->isEnabled());
     entry->setText("4");
-    EXPECT_EQ(Child<QLineEdit>(&dialog, "txtFactor")->text(), "0") << "the sum of the entries";
+    EXPECT_EQ(dialog.txtFactor->text(), "0") << "the sum of the entries";
 
     const HeightGrid before = Session().terrain.heights;
-    Child<QPushButton>(&dialog, "btnMain_0")->click();
-    ASSERT_EQ(shell.messages.size(), 1u);
-    EXPECT_EQ(shell.messages[0].title, "Warning");
+    dialog.btnMain[0]->click();
+    EXPECT_EQ(shell.messages.size(), 1u);
     EXPECT_EQ(dialog.result(), 0) << "the dialog stays open";
     EXPECT_EQ(Session().terrain.heights, before);
-    EXPECT_FALSE(Action("mnuUndo")->isEnabled());
+    EXPECT_FALSE(window->mnuUndo->isEnabled());
 
-    automatic->setChecked(false);
-    Child<QCheckBox>(&dialog, "chkEffectArea")->setChecked(true);
-    presets->setCurrentRow(3); // raise features, only around the cursor
-    Child<QPushButton>(&dialog, "btnMain_0")->click();
+    dialog.chkAutoFactor->setChecked(false);
+    dialog.chkEffectArea->setChecked(true);
+    dialog.lstPresets->setCurrentRow(3); // raise features, only around the cursor
+    dialog.btnMain[0]->click();
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
     EXPECT_EQ(Session().undo.UndoCount(), 1);
     const HeightGrid& after = Session().terrain.heights;
@@ -237,12 +163,28 @@ TEST_F(SculptingTest,
 
     const HeightGrid filtered = after;
     frmFilter again(Session(), window.get());
-    auto* list = Child<QListWidget>(&again, "lstPresets");
-    Child<QCheckBox>(&again, "chkEffectArea")->setChecked(false);
-    list->setCurrentRow(4);
-    emit list->itemDoubleClicked(list->item(4));
+    again.chkEffectArea->setChecked(false);
+    again.lstPresets->setCurrentRow(4);
+    emit again.lstPresets->itemDoubleClicked(again.lstPresets->item(4));
     EXPECT_EQ(again.result(), QDialog::Accepted) << "a double-click applies the preset";
     EXPECT_FLOAT_EQ(after.At(100, 3), std::max(-10.0f, filtered.At(100, 3) * 2.0f / 3.0f))
         << "lower features: 2/3, over the whole terrain";
     EXPECT_EQ(Session().undo.UndoCount(), 2);
+
+    const HeightGrid twice = after;
+    {
+        frmAdjustHeight cancelled(Session(), window.get());
+        cancelled.txtHeight->setText("7");
+        cancelled.optMode[2]->setChecked(true);
+        cancelled.btnCancel->click();
+    }
+    EXPECT_EQ(Session().terrain.heights, twice);
+    frmAdjustHeight adjust(Session(), window.get());
+    adjust.txtHeight->clear();
+    QTest::keyClicks(adjust.txtHeight, "2x5");
+    EXPECT_EQ(adjust.txtHeight->text(), "25") << "letters cannot be typed";
+    adjust.optMode[1]->setChecked(true);
+    adjust.btnOkay->click();
+    EXPECT_EQ(after.At(10, 10), std::max(twice.At(10, 10) - 25.0f, -10.0f)) << "lowered by 25";
+    EXPECT_EQ(Session().undo.UndoCount(), 3);
 }
