@@ -18,9 +18,10 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-// A file image and where the reader met each of its chunks.
+// A file image, the document read from it and where the reader met each of its chunks.
 struct LocatedTrack {
     Bytes bytes;
+    TrackDocument read;
     std::vector<ChunkListing> chunks;
     std::size_t Offset(const std::string& id) const {
         for (const ChunkListing& c : chunks)
@@ -31,9 +32,8 @@ struct LocatedTrack {
 };
 
 LocatedTrack Locate(const TrackDocument& doc) {
-    LocatedTrack l{SerializeTrack(doc), {}};
-    TrackDocument read;
-    EXPECT_TRUE(ParseTrack(l.bytes, read, &l.chunks));
+    LocatedTrack l{SerializeTrack(doc), {}, {}};
+    EXPECT_TRUE(ParseTrack(l.bytes, l.read, &l.chunks));
     return l;
 }
 
@@ -49,34 +49,7 @@ void SetLong(Bytes& bytes, std::size_t at, std::int32_t value) {
         bytes.at(at + i) = static_cast<std::uint8_t>(static_cast<std::uint32_t>(value) >> (24 - 8 * i));
 }
 
-// Every value a document keeps, apart from what the reader only records (frames, version, counts).
-void ExpectSameRecords(const TrackDocument& read, const TrackDocument& original) {
-    const auto kept = [](const TrackDocument& d) {
-        return std::tie(d.track.trackStyle, d.track.trackValue, d.track.entries, d.track.colours,
-                        d.info.description, d.bezier.vertices, d.segments.flag, d.segments.segments,
-                        d.footers.footers, d.railConnectors.groups, d.freeNodes.nodes, d.tubes.tubes,
-                        d.catwalks.catwalks, d.scene.entries, d.sceneryObjects.objects,
-                        d.terrain.terrainInTrack, d.environment.name1, d.environment.name2);
-    };
-    EXPECT_TRUE(kept(read) == kept(original)) << "a record differs";
-    EXPECT_EQ(read.terrain.terrain, original.terrain.terrain);
-}
-
 constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
-
-// The chunk ids in the order read, and the file length the top-level chunks add up to.
-std::pair<std::vector<std::string>, std::int32_t> Listed(const Bytes& bytes) {
-    TrackDocument doc;
-    std::vector<ChunkListing> listing;
-    EXPECT_TRUE(ParseTrack(bytes, doc, &listing));
-    std::pair<std::vector<std::string>, std::int32_t> listed{{}, 24};
-    for (const ChunkListing& chunk : listing) {
-        listed.first.push_back(chunk.id);
-        if (chunk.id == "TRCK" || chunk.id == "SCEN" || chunk.id == "TERA" || chunk.id == "ENVC")
-            listed.second += 8 + chunk.length;
-    }
-    return listed;
-}
 
 // The file with one more chunk: id, declared length and `body` bytes, put in at `at`.
 Bytes WithChunk(Bytes bytes, std::size_t at, const char* id, std::int32_t length, std::size_t body) {
@@ -95,19 +68,28 @@ bool Parses(const Bytes& bytes) {
 
 } // namespace
 
-TEST(TrackFiles,
-     APlainNameGetsTheExtensionTheFileReadsBackWithEveryValueAndTheSameBytesAndNamesAreCheckedFirst) {
+TEST(TrackFiles, NamesAreCheckedFirstAFileReadsBackWithEveryValueAndAFailedWriteLeavesTheOldOneAsItWas) {
     EXPECT_EQ(TrackWritePath("/t/ride"), "/t/ride.cvtrack");
     EXPECT_EQ(TrackWritePath("/t/ride.CvTrack"), "/t/ride.CvTrack");
     ScratchFolder folder;
     const TrackDocument original = MakeSampleTrack();
     const TrackWriteResult written = WriteTrackFile(folder.File("plain"), original);
     ASSERT_TRUE(written) << written.message;
-    EXPECT_EQ(written.path, folder.File("plain.cvtrack"));
+    ASSERT_EQ(written.path, folder.File("plain.cvtrack"));
+    const Bytes bytes = ReadBytes(written.path);
     TrackDocument read;
-    ASSERT_TRUE(ReadTrackFile(folder.File("plain.cvtrack"), read));
-    ExpectSameRecords(read, original);
-    EXPECT_EQ(SerializeTrack(read), ReadBytes(written.path));
+    ASSERT_TRUE(ReadTrackFile(written.path, read));
+    // Every value a document keeps, apart from what the reader only records (frames, version, counts).
+    const auto kept = [](const TrackDocument& d) {
+        return std::tie(d.track.trackStyle, d.track.trackValue, d.track.entries, d.track.colours,
+                        d.info.description, d.bezier.vertices, d.segments.flag, d.segments.segments,
+                        d.footers.footers, d.railConnectors.groups, d.freeNodes.nodes, d.tubes.tubes,
+                        d.catwalks.catwalks, d.scene.entries, d.sceneryObjects.objects,
+                        d.terrain.terrainInTrack, d.terrain.terrain, d.environment.name1,
+                        d.environment.name2);
+    };
+    EXPECT_TRUE(kept(read) == kept(original)) << "a record differs";
+    EXPECT_EQ(SerializeTrack(read), bytes);
     // The name is checked before the file is opened.
     std::filesystem::copy(written.path, folder.File("UPPER.CVTRACK"));
     std::filesystem::copy(written.path, folder.File("other.trk"));
@@ -116,32 +98,22 @@ TEST(TrackFiles,
     EXPECT_EQ(ReadTrackFile(folder.File("other.trk"), read).status, TrackReadStatus::InvalidName);
     EXPECT_EQ(ReadTrackFile("", read).status, TrackReadStatus::InvalidName);
     EXPECT_EQ(ReadTrackFile(folder.File("missing.cvtrack"), read).status, TrackReadStatus::NotFound);
-    EXPECT_EQ(ReadTrackFile(folder.File("folder.cvtrack"), read).status, TrackReadStatus::NotFound);
+    // A failed write gives a reason and leaves the folder or file there as it was.
+    const TrackWriteResult overFolder = WriteTrackFile(folder.File("folder.cvtrack"), original);
+    EXPECT_FALSE(overFolder || overFolder.message.empty());
+    EXPECT_TRUE(std::filesystem::is_directory(folder.Path() / "folder.cvtrack"));
+    {
+        // A file-size limit makes the write fail part-way, whatever rights the test runs with.
+        FileSizeLimit limit(1000);
+        const TrackWriteResult partWay = WriteTrackFile(written.path, MakeSampleTrack(40, 40));
+        EXPECT_FALSE(partWay || partWay.message.empty());
+    }
+    EXPECT_EQ(ReadBytes(written.path), bytes);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 4) << "a temporary left";
 }
 
-TEST(TrackFileLayout, ChunksComeInTheirFixedOrderWithClosingCountsAndTerrainOnlyWhenKept) {
-    TrackDocument doc = MakeSampleTrack();
-    std::vector<std::string> order = {"TRCK", "INFO", "BEZR", "SEGM", "SUPP", "FUND", "RASC",
-                                      "FREN", "TUBE", "CATW", "SCEN", "SCOB", "TERA", "ENVC"};
-    const Bytes full = SerializeTrack(doc);
-    EXPECT_EQ(Listed(full), std::pair(order, GetLong(full, 4)));
-    TrackDocument read;
-    ASSERT_TRUE(ParseTrack(full, read));
-    EXPECT_EQ(std::tuple(read.track.frame.subChunkCount, read.supports.frame.subChunkCount,
-                         read.scene.frame.subChunkCount, read.bezier.frame.subChunkCount,
-                         read.headerChunkCount),
-              std::tuple(4, 5, 1, 0, 4));
-    doc.terrain.terrainInTrack = false;
-    const Bytes bare = SerializeTrack(doc);
-    EXPECT_EQ(GetLong(bare, 28), 3) << "three top-level chunks without a terrain";
-    order.erase(order.end() - 2);
-    EXPECT_EQ(Listed(bare), std::pair(order, GetLong(bare, 4)));
-    ASSERT_TRUE(ParseTrack(bare, read));
-    EXPECT_FALSE(read.terrain.terrainInTrack);
-}
-
-TEST(TrackFileLengths, EveryChunkDeclaresItsOwnSizeAndNineHoldSixteenBytesLess) {
-    const LocatedTrack l = Locate(MakeSampleTrack(5, 4));
+TEST(TrackFileLayout, ChunksComeInOrderDeclaringTheirOwnSizesWithClosingCountsAndTerrainOnlyWhenKept) {
+    TrackDocument doc = MakeSampleTrack(5, 4);
     // Own sizes, entries of variable size summed by hand from the sample's contents.
     const int footers = 40 + 92 * 2, rails = 40 + (4 + 48) + 4 + (4 + 24), freeNodes = 40 + 28 * 2,
               tubes = 40 + 48 * 2, catwalks = 40 + (28 + 12) + 28, scob = 40 + (88 + 13 + 3) + 88;
@@ -149,25 +121,39 @@ TEST(TrackFileLengths, EveryChunkDeclaresItsOwnSizeAndNineHoldSixteenBytesLess) 
               segments = 41 + (33 + 4) + (33 + 130) + (33 + 40) + (33 + 32) + (33 + 54) + 33;
     const int supports = 36 + 5 * 8 + footers + rails + freeNodes + tubes + catwalks;
     const int track = 64 + (28 + 10) + 28 + 4 * 8 + info + bezier + segments + supports;
-    std::vector<int> lengths;
-    for (std::size_t i = 0; i < l.chunks.size(); ++i) {
-        const ChunkListing& c = l.chunks[i];
-        lengths.push_back(c.length);
-        // Declared length minus the bytes up to the next chunk; parents hold their children.
-        const std::size_t next = i + 1 < l.chunks.size() ? l.chunks[i + 1].offset : l.bytes.size();
-        const std::int64_t surplus = c.length - static_cast<std::int64_t>(next - c.offset - 8);
-        const bool parent = c.id == "TRCK" || c.id == "SUPP" || c.id == "SCEN";
-        const bool exact = c.id == "INFO" || c.id == "TERA" || c.id == "ENVC";
-        EXPECT_TRUE(parent || surplus == (exact ? 0 : 16)) << c.id << " holds " << surplus << " bytes less";
+    const int scene = 40 + 64 * 2 + 8 + scob, environment = 44 + 6 + 9;
+    std::vector<std::pair<std::string, int>> expected = {
+        {"TRCK", track},   {"INFO", info},  {"BEZR", bezier},    {"SEGM", segments},   {"SUPP", supports},
+        {"FUND", footers}, {"RASC", rails}, {"FREN", freeNodes}, {"TUBE", tubes},      {"CATW", catwalks},
+        {"SCEN", scene},   {"SCOB", scob},  {"TERA", terrain},   {"ENVC", environment}};
+    for (const bool kept : {true, false}) {
+        doc.terrain.terrainInTrack = kept;
+        const LocatedTrack l = Locate(doc);
+        std::vector<std::pair<std::string, int>> listed;
+        for (std::size_t i = 0; i < l.chunks.size(); ++i) {
+            const ChunkListing& c = l.chunks[i];
+            listed.emplace_back(c.id, c.length);
+            // Declared length minus the bytes up to the next chunk; parents hold their children.
+            const std::size_t next = i + 1 < l.chunks.size() ? l.chunks[i + 1].offset : l.bytes.size();
+            const std::int64_t surplus = c.length - static_cast<std::int64_t>(next - c.offset - 8);
+            const bool parent = c.id == "TRCK" || c.id == "SUPP" || c.id == "SCEN";
+            const bool exact = c.id == "INFO" || c.id == "TERA" || c.id == "ENVC";
+            EXPECT_TRUE(parent || surplus == (exact ? 0 : 16)) << c.id << " holds " << surplus << " less";
+        }
+        if (!kept) expected.erase(expected.end() - 2);
+        EXPECT_EQ(listed, expected);
+        // The header's file length counts the top-level chunks, each with its id and length.
+        EXPECT_EQ(GetLong(l.bytes, 4), 24 + 3 * 8 + track + scene + environment + (kept ? 8 + terrain : 0));
+        EXPECT_EQ(std::tuple(l.read.track.frame.subChunkCount, l.read.supports.frame.subChunkCount,
+                             l.read.scene.frame.subChunkCount, l.read.bezier.frame.subChunkCount,
+                             l.read.headerChunkCount, GetLong(l.bytes, 28), l.read.terrain.terrainInTrack),
+                  std::tuple(4, 5, 1, 0, kept ? 4 : 3, kept ? 4 : 3, kept));
     }
-    EXPECT_EQ(lengths,
-              (std::vector<int>{track, info, bezier, segments, supports, footers, rails, freeNodes, tubes,
-                                catwalks, 40 + 64 * 2 + 8 + scob, scob, terrain, 44 + 6 + 9}));
 }
 
-TEST(TrackFileValues, ReservedRunsTrailingBytesAnyNonZeroBoolColoursFirstByteAndIdCaseWriteBackAsBefore) {
-    const TrackDocument doc = MakeSampleTrack();
-    LocatedTrack l = Locate(doc);
+TEST(TrackFileReading, ReservedRunsBoolsColourHighBytesIdCaseVersionsAndUnknownChunksAreNotWrittenBack) {
+    LocatedTrack l = Locate(MakeSampleTrack());
+    const Bytes sample = l.bytes;
     // First catwalk: id, length, 16 reserved, count, seven longs, then its 12 trailing bytes.
     const std::size_t catw = l.Offset("CATW"), trailing = catw + 8 + 16 + 4 + 28;
     ASSERT_EQ(GetLong(l.bytes, trailing - 4), 12);
@@ -182,30 +168,19 @@ TEST(TrackFileValues, ReservedRunsTrailingBytesAnyNonZeroBoolColoursFirstByteAnd
     l.bytes[colour] = 0x99;
     std::memcpy(l.bytes.data() + l.Offset("TRCK"), "trck", 4);
     std::memcpy(l.bytes.data() + l.Offset("ENVC"), "EnvC", 4);
-    TrackDocument read;
-    ASSERT_TRUE(ParseTrack(l.bytes, read));
-    EXPECT_TRUE(read.segments.flag);
-    EXPECT_EQ(read.track.colours[0], 0x010203u);
-    EXPECT_EQ(read.environment.name1, "Meadow");
-    EXPECT_EQ(SerializeTrack(read), SerializeTrack(doc)) << "zeros, 255 for true and the lengths unchanged";
-}
-
-TEST(TrackFileReading,
-     UnknownChunksAreSkippedFourBytesPastTheirEndVersionsAreNotWrittenAndEnvironmentsCarryOver) {
-    const Bytes sample = SerializeTrack(MakeSampleTrack());
+    std::memcpy(l.bytes.data() + 8, "\x09\x08\x07\x06", 4);
     // ZZZZ: eight bytes of its own and four more eaten by the skip.
-    Bytes bytes = WithChunk(sample, 32, "ZZZZ", 8, 12);
-    std::memcpy(bytes.data() + 8, "\x09\x08\x07\x06", 4);
+    const Bytes bytes = WithChunk(l.bytes, 32, "ZZZZ", 8, 12);
     TrackDocument doc;
     std::vector<ChunkListing> listing;
     ASSERT_TRUE(ParseTrack(bytes, doc, &listing));
     ASSERT_EQ(listing.size(), 15u);
     EXPECT_FALSE(listing[0].known);
     EXPECT_EQ(listing[1].offset, 32u + 8u + 8u + 4u);
-    EXPECT_EQ(doc.version, (std::array<std::uint8_t, 4>{9, 8, 7, 6}));
-    EXPECT_EQ(SerializeTrack(doc), sample) << "written as version 1, 3, 0, 0 and without ZZZZ";
-    EXPECT_TRUE(Parses(WithChunk(sample, sample.size(), "XTRA", 4, 4)))
-        << "a last chunk may end before its skip";
+    EXPECT_EQ(std::tuple(doc.version, doc.segments.flag, doc.track.colours[0], doc.environment.name1),
+              std::tuple(std::array<std::uint8_t, 4>{9, 8, 7, 6}, true, 0x010203u, "Meadow"));
+    EXPECT_EQ(SerializeTrack(doc), sample) << "zeros, 255 for true, version 1, 3, 0, 0 and no ZZZZ";
+    EXPECT_TRUE(Parses(WithChunk(sample, sample.size(), "XTRA", 4, 4))) << "the last ends before its skip";
     // A file whose only chunk is unknown has no environment of its own: the previous one stays.
     Bytes header(sample.begin(), sample.begin() + 32);
     SetLong(header, 28, 0);
@@ -214,114 +189,66 @@ TEST(TrackFileReading,
     EXPECT_EQ(doc.environment.name1 + "/" + doc.environment.name2, "Meadow/Clear Day");
 }
 
-TEST(TrackFileWriting, AFailedWriteGivesAReasonAndLeavesThePreviousFileOrFolderAsItWas) {
-    ScratchFolder folder;
-    const std::string path = folder.File("keep.cvtrack");
-    WriteBytes(path, {1, 2, 3});
-    std::filesystem::create_directory(folder.Path() / "taken.cvtrack");
-    const TrackWriteResult overFolder = WriteTrackFile(folder.File("taken.cvtrack"), MakeSampleTrack());
-    EXPECT_FALSE(overFolder || overFolder.message.empty());
-    EXPECT_TRUE(std::filesystem::is_directory(folder.Path() / "taken.cvtrack"));
-    {
-        // A file-size limit makes the write fail part-way, whatever rights the test runs with.
-        FileSizeLimit limit(1000);
-        const TrackWriteResult partWay = WriteTrackFile(path, MakeSampleTrack(40, 40));
-        EXPECT_FALSE(partWay || partWay.message.empty());
-    }
-    EXPECT_EQ(ReadBytes(path), (Bytes{1, 2, 3}));
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 2)
-        << "no temporary left";
-}
-
-TEST(TrackFileDamage, EveryTruncationIsRefusedWithAMessageAndTheDocumentReset) {
-    const Bytes bytes = SerializeTrack(MakeSampleTrack());
-    for (std::size_t size = 0; size < bytes.size(); ++size) {
-        TrackDocument doc = MakeSampleTrack();
-        doc.environment.name1 = "kept";
-        const TrackReadResult result = ParseTrack(std::span(bytes.data(), size), doc);
-        ASSERT_FALSE(result) << "a file cut to " << size << " bytes was accepted";
-        EXPECT_FALSE(result.message.empty());
-        EXPECT_TRUE(doc.bezier.vertices.empty() && doc.environment.name1 == "kept") << size;
-    }
-}
-
 TEST(TrackFileDamage, SeededByteFlipsNeverCrashAndWhatIsReadWritesBackStably) {
     const Bytes original = SerializeTrack(MakeSampleTrack(9, 7));
     std::mt19937_64 random(20261122); // the same sequence everywhere, so a failing round replays
     int accepted = 0;
     for (int round = 0; round < 4000; ++round) {
-        Bytes bytes = original;
+        Bytes flipped = original;
         for (std::uint64_t flips = 1 + random() % 4; flips > 0; --flips)
-            bytes[random() % bytes.size()] ^= static_cast<std::uint8_t>(1u << (random() % 8));
-        TrackDocument doc;
-        if (!ParseTrack(bytes, doc)) continue;
+            flipped[random() % flipped.size()] ^= static_cast<std::uint8_t>(1u << (random() % 8));
+        TrackDocument doc, again;
+        if (!ParseTrack(flipped, doc)) continue;
         ++accepted;
-        // Whatever the reader accepts is written as a file that reads back unchanged.
         const Bytes written = SerializeTrack(doc);
-        TrackDocument again;
         ASSERT_TRUE(ParseTrack(written, again)) << "round " << round;
         ASSERT_EQ(SerializeTrack(again), written) << "round " << round;
     }
     EXPECT_GT(accepted, 1000) << "most flips land in values or reserved runs";
 }
 
-TEST(TrackFileDamage, BadCountsLengthsGridsAndChunkCountsAreRefusedAndOnlyHarmlessValuesPass) {
+TEST(TrackFileDamage, TruncationsBadCountsLengthsGridsAndChunkCountsAreRefusedAndOnlyHarmlessValuesPass) {
     const LocatedTrack l = Locate(MakeSampleTrack());
-    // The entry count of each chunk kind, from its id.
-    const std::pair<const char*, std::size_t> counts[] = {
+    for (std::size_t size = 0; size < l.bytes.size(); ++size) {
+        TrackDocument doc = MakeSampleTrack();
+        doc.environment.name1 = "kept";
+        const TrackReadResult result = ParseTrack(std::span(l.bytes.data(), size), doc);
+        ASSERT_FALSE(result) << "a file cut to " << size << " bytes was accepted";
+        EXPECT_FALSE(result.message.empty());
+        EXPECT_TRUE(doc.bezier.vertices.empty() && doc.environment.name1 == "kept") << size;
+    }
+    // h: the first height, followed by the other 19, 16 reserved bytes and the closing count.
+    const std::int32_t h = 8 + GetLong(l.bytes, l.Offset("TERA") + 4) - 20 - 4 * 20, big = 1 << 30;
+    const auto single = [](float f) { return std::bit_cast<std::int32_t>(f); };
+    const std::int32_t nan = single(std::numeric_limits<float>::quiet_NaN()), neg = single(-2.0f),
+                       inf = single(std::numeric_limits<float>::infinity());
+    // Lengths, counts, grid sizes and values the reader must refuse ("" patches the file header),
+    // then every chunk kind's entry count.
+    using Patch = std::tuple<const char*, std::int32_t, std::int32_t>;
+    std::vector<Patch> refused = {
+        {"INFO", 24, -5},  {"INFO", 24, big}, {"RASC", 28, kMax}, {"CATW", 52, -12}, {"CATW", 52, big},
+        {"TERA", 8, 514},  {"TERA", 12, 514}, {"TERA", 8, 0},     {"TERA", 12, -3},  {"TERA", 16, nan},
+        {"TERA", 20, neg}, {"TERA", h, inf},  {"INFO", -4, kMax}, {"", 28, 5},       {"", 28, kMax}};
+    const std::pair<const char*, std::int32_t> counts[] = {
         {"TRCK", 12}, {"BEZR", 24}, {"SEGM", 8},  {"FUND", 24}, {"RASC", 24},
         {"FREN", 24}, {"TUBE", 24}, {"CATW", 24}, {"SCEN", 24}, {"SCOB", 24}};
-    for (const auto& [id, offset] : counts) {
-        for (std::int32_t value : {kMax, -1, 1 << 24}) {
+    for (const auto& [id, at] : counts)
+        for (std::int32_t value : {kMax, -1, 1 << 24})
+            refused.emplace_back(id, at, value);
+    // An ordinary height, and no chunks or a negative count for an empty track.
+    const Patch harmless[] = {{"TERA", h, single(-9.5f)}, {"", 28, 0}, {"", 28, -4}};
+    for (const auto& [patches, accepted] : {std::pair(std::span<const Patch>(refused), false),
+                                            std::pair(std::span<const Patch>(harmless), true)})
+        for (const auto& [chunk, at, value] : patches) {
             Bytes bytes = l.bytes;
-            SetLong(bytes, l.Offset(id) + offset, value);
-            EXPECT_FALSE(Parses(bytes)) << id << " count " << value;
+            SetLong(bytes, (*chunk ? l.Offset(chunk) : 0) + static_cast<std::size_t>(at), value);
+            TrackDocument doc;
+            EXPECT_EQ(!ParseTrack(bytes, doc), !accepted) << chunk << " +" << at << ": " << value;
+            EXPECT_TRUE(*chunk || doc.bezier.vertices.empty()) << "header count " << value;
         }
-    }
-    // The heights are followed by 16 reserved bytes and the closing count.
-    const std::int32_t firstHeight = 8 + GetLong(l.bytes, l.Offset("TERA") + 4) - 20 - 4 * 20;
-    const auto single = [](float f) { return std::bit_cast<std::int32_t>(f); };
-    struct Patch {
-        const char* chunk; // "" for the file header
-        std::int32_t at, value;
-        bool accepted;
-        const char* what;
-    };
-    const Patch patches[] = {
-        {"INFO", 24, -5, false, "negative string length"},
-        {"INFO", 24, 1 << 30, false, "string longer than the file"},
-        {"RASC", 28, kMax, false, "rail connector items"},
-        {"CATW", 52, -12, false, "negative catwalk bytes"},
-        {"CATW", 52, 1 << 30, false, "catwalk bytes past the end"},
-        {"TERA", 8, 514, false, "more columns than the undo store holds"},
-        {"TERA", 12, 514, false, "more rows than the undo store holds"},
-        {"TERA", 8, 0, false, "no columns"},
-        {"TERA", 12, -3, false, "negative rows"},
-        {"TERA", 16, single(std::numeric_limits<float>::quiet_NaN()), false, "NaN spacing"},
-        {"TERA", 20, single(-2.0f), false, "negative spacing"},
-        {"TERA", firstHeight, single(std::numeric_limits<float>::infinity()), false, "infinite height"},
-        {"TERA", firstHeight, single(-9.5f), true, "an ordinary height"},
-        {"", 28, 5, false, "one more top-level chunk than there is"},
-        {"", 28, kMax, false, "huge top-level chunk count"},
-        {"INFO", -4, kMax, false, "huge closing count of TRCK"},
-        {"", 28, 0, true, "no chunks: an empty track"},
-        {"", 28, -4, true, "a negative chunk count reads nothing"},
-    };
-    for (const Patch& p : patches) {
-        Bytes bytes = l.bytes;
-        SetLong(bytes, (*p.chunk ? l.Offset(p.chunk) : 0) + static_cast<std::size_t>(p.at), p.value);
-        TrackDocument doc;
-        EXPECT_EQ(static_cast<bool>(ParseTrack(bytes, doc)), p.accepted) << p.what;
-        EXPECT_TRUE(*p.chunk || doc.bezier.vertices.empty()) << p.what;
-    }
     EXPECT_TRUE(Parses(SerializeTrack(MakeSampleTrack(513, 513)))) << "the largest grid is accepted";
     EXPECT_FALSE(Parses(SerializeTrack(MakeSampleTrack(514, 2))) ||
                  Parses(SerializeTrack(MakeSampleTrack(2, 514))));
-    // An unknown chunk must carry a length that leaves it within the file.
-    Bytes unknown = l.bytes;
-    std::memcpy(unknown.data() + 32, "QQQQ", 4);
-    for (std::int32_t length : {-100, kMax}) {
-        SetLong(unknown, 36, length);
-        EXPECT_FALSE(Parses(unknown)) << "unknown chunk of length " << length;
-    }
+    for (std::int32_t length : {-100, kMax}) // an unknown chunk must end within the file
+        EXPECT_FALSE(Parses(WithChunk(l.bytes, 32, "QQQQ", length, 0))) << "unknown chunk length " << length;
 }
