@@ -1,6 +1,5 @@
-// Tracing the track: empty and repeated traces, where the points fall along a stretch, how the
-// rails sit around the heartline and bank, segment types, the cross-sections, loops, the demo
-// circuit and the rail connectors.
+// Tracing the track: empty and repeated traces, where the points fall, how the rails sit around
+// the heartline and bank, segment types, loops, the demo circuit and the rail connectors.
 #include "mCV_TraceTrack.h"
 #include "DemoTrack.h"
 
@@ -32,24 +31,24 @@ TrackDocument Track(std::vector<BezierVertex> vertices, int style = 1) {
     return doc;
 }
 
-// A straight stretch from a to b, controls at a third and two thirds, rolls at both ends.
-TrackDocument Straight(Vector3 a, Vector3 b, float startRoll = 0.0f, float endRoll = 0.0f, int style = 1) {
-    Vector3 d;
-    VectorSubtract(d, a, b);
-    const auto third = static_cast<float>(VectorLength(d) / 3.0);
-    Normalize(d, d);
-    return Track({Vertex(a, d, third, third, startRoll), Vertex(b, d, third, third, endRoll)}, style);
-}
-
 TrackSpine Traced(const TrackDocument& doc) {
     TrackSpine spine;
     EXPECT_TRUE(TraceTrack(doc, spine));
     return spine;
 }
 
-// The level test stretch: 40 units heading +x at height 10, with the given rolls and style.
+// A straight stretch from a to b, controls at a third and two thirds, rolls at both ends.
+TrackSpine Straight(Vector3 a, Vector3 b, float startRoll = 0.0f, float endRoll = 0.0f, int style = 1) {
+    Vector3 d;
+    VectorSubtract(d, a, b);
+    const auto third = static_cast<float>(VectorLength(d) / 3.0);
+    Normalize(d, d);
+    return Traced(Track({Vertex(a, d, third, third, startRoll), Vertex(b, d, third, third, endRoll)}, style));
+}
+
+// The level test stretch: 40 units heading +x at height 10.
 TrackSpine Level(float startRoll = 0.0f, float endRoll = 0.0f, int style = 1) {
-    return Traced(Straight({0, 10, 0}, {40, 10, 0}, startRoll, endRoll, style));
+    return Straight({0, 10, 0}, {40, 10, 0}, startRoll, endRoll, style);
 }
 
 // The traced points in the order of the drawn point list (a later stretch's first point left out).
@@ -71,11 +70,10 @@ double BankDegrees(const DrawnPoint& p) {
     return std::asin((p.p2.y - p.p3.y) / Distance(p.p2, p.p3)) * 180.0 / std::numbers::pi;
 }
 
-bool Finite(const Vector3& v) {
-    return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
-}
-
 const Vector3 kEast{1.0f, 0.0f, 0.0f}, kWest{-1.0f, 0.0f, 0.0f};
+
+// Controls bunched at the start: the curve parameter runs unevenly along the stretch.
+const TrackDocument kBunched = Track({Vertex({0, 0, 0}, kEast, 1, 0), Vertex({60, 0, 0}, kEast, 58, 1)});
 
 } // namespace
 
@@ -85,47 +83,38 @@ TEST(TraceTrack, FewerThanTwoVerticesGiveNoSpineAndTracingAgainLeavesNothingOfTh
         TrackSpine spine = Level();
         EXPECT_FALSE(TraceTrack(doc, spine)) << vertices;
         EXPECT_TRUE(spine.segments.empty() && spine.drawnPoints.empty()) << vertices;
-        doc.bezier.vertices.push_back(Vertex({5, 5, 5}, kEast, 1, 1));
+        doc.bezier.vertices.push_back(
+            Vertex({300.0f + 10.0f * static_cast<float>(vertices), 40, 300}, kEast, 3, 3));
     }
     TrackSpine spine = Traced(MakeDemoTrack());
-    ASSERT_TRUE(TraceTrack(Straight({300, 40, 300}, {310, 40, 300}), spine));
+    ASSERT_TRUE(TraceTrack(doc, spine));
     ASSERT_EQ(spine.segments.size(), 1u);
     EXPECT_EQ(spine.drawnPoints.size(), spine.segments[0].points.size());
     for (const DrawnPoint& p : spine.drawnPoints)
         EXPECT_GT(p.p2.x, 290.0f);
-    EXPECT_EQ(spine.style, 1);
 }
 
-TEST(TraceTrack, AStraightStretchIsSampledEvenlyAlongItsLineAndEasesItsBankFromVertexToVertex) {
-    const TrackSpine spine = Level(0.0f, 40.0f);
-    const std::vector<TracedPoint>& points = spine.segments.at(0).points;
-    const std::vector<DrawnPoint>& p = spine.drawnPoints;
-    ASSERT_EQ(points.size(), 21u); // 40 units in steps of 2
-    ASSERT_EQ(p.size(), 21u);
-    EXPECT_TRUE(points.front().parameter == 0.0f && points.back().parameter == 1.0f);
-    for (std::size_t k = 0; k < points.size(); ++k) {
-        EXPECT_NEAR(Distance(points[k].position, {2.0f * static_cast<float>(k), 10.0f, 0.0f}), 0.0, 1e-3)
-            << k;
-        EXPECT_NEAR(Distance(Column(points[k].frame, 2), kWest), 0.0, 1e-5) << k; // travelling along +x
-        EXPECT_GE(BankDegrees(p[k]), k == 0 ? 0.0 : BankDegrees(p[k - 1]) - 1e-6) << k;
-    }
-    EXPECT_NEAR(BankDegrees(p.front()), 0.0, 1e-3);
-    EXPECT_NEAR(BankDegrees(p[10]), 20.0, 1e-3);
-    EXPECT_NEAR(BankDegrees(p.back()), 40.0, 1e-3);
-    EXPECT_LT(BankDegrees(p[5]), 10.0) << "slow at the vertices, faster in between";
-    EXPECT_GT(BankDegrees(p[15]), 30.0);
-}
-
-TEST(TraceTrack, PositiveRollLowersTheRightRailWhicheverWayTheTrackRuns) {
-    for (const Vector3 to : {Vector3{40, 10, 0}, Vector3{-40, 10, 0}, Vector3{0, 10, 40}}) {
-        const TrackSpine spine = Traced(Straight({0, 10, 0}, to, 30.0f, 30.0f));
-        for (const DrawnPoint& p : spine.drawnPoints)
-            EXPECT_NEAR(BankDegrees(p), 30.0, 1e-3);
-        // The right rail lies to the right of the direction of travel: forward x up.
-        Vector3 across, right;
-        VectorSubtract(across, spine.drawnPoints.front().p2, spine.drawnPoints.front().p3);
-        CrossProduct(right, {to.x, 0.0f, to.z}, {0.0f, 1.0f, 0.0f});
-        EXPECT_GT(DotProduct(across, right), 0.0) << to.x << "," << to.z;
+TEST(TraceTrack, AStraightStretchIsSampledEvenlyAndEasesItsBankSoPositiveRollLowersTheRightRail) {
+    // Where a 40-unit stretch runs from (0, 10, 0), and which way is right of that.
+    const std::pair<Vector3, Vector3> runs[] = {
+        {{1, 0, 0}, {0, 0, 1}}, {{-1, 0, 0}, {0, 0, -1}}, {{0, 0, 1}, kWest}};
+    for (const auto& [ahead, right] : runs) {
+        const TrackSpine spine = Straight({0, 10, 0}, {40 * ahead.x, 10, 40 * ahead.z}, 0.0f, 40.0f);
+        const std::vector<DrawnPoint>& p = spine.drawnPoints;
+        ASSERT_EQ(p.size(), 21u); // 40 units in steps of 2
+        for (std::size_t k = 0; k < p.size(); ++k) {
+            const float along = 2.0f * static_cast<float>(k);
+            EXPECT_NEAR(
+                Distance(spine.segments[0].points[k].position, {along * ahead.x, 10, along * ahead.z}), 0.0,
+                1e-3)
+                << k;
+        }
+        for (const std::size_t k : {0, 10, 20})
+            EXPECT_NEAR(BankDegrees(p[k]), 2.0 * static_cast<double>(k), 1e-3) << k;
+        EXPECT_LT(BankDegrees(p[5]), 10.0) << "slow at the vertices, faster in between";
+        Vector3 across; // right rail minus left rail
+        VectorSubtract(across, p.back().p2, p.back().p3);
+        EXPECT_GT(DotProduct(across, right), 0.0) << ahead.x << "," << ahead.z;
     }
 }
 
@@ -137,21 +126,17 @@ TEST(TraceTrack, SegmentTypesFollowTheirStretchesAndMissingRecordsAreTrack) {
     doc.segments.segments[1].type = kBrake;
     const TrackSpine spine = Traced(doc);
     ASSERT_EQ(spine.segments.size(), 3u);
-    const std::int16_t expected[] = {kLift, kBrake, kTrack};
-    for (std::size_t i = 0; i < 3; ++i)
-        for (const TracedPoint& p : spine.segments[i].points)
-            EXPECT_EQ(p.segmentType, expected[i]);
     // Where two stretches meet the drawn point ends the earlier one and carries its type.
-    const std::vector<TracedPoint> order = InDrawnOrder(spine);
-    ASSERT_EQ(order.size(), spine.drawnPoints.size());
-    for (std::size_t k = 0; k < order.size(); ++k)
-        EXPECT_EQ(spine.drawnPoints[k].segmentType, order[k].segmentType) << k;
+    const std::int16_t expected[] = {kLift, kBrake, kTrack};
+    for (std::size_t i = 0, k = 0; i < 3; ++i)
+        for (std::size_t j = i == 0 ? 0 : 1; j < spine.segments[i].points.size(); ++j, ++k)
+            EXPECT_TRUE(spine.segments[i].points[j].segmentType == expected[i] &&
+                        spine.drawnPoints.at(k).segmentType == expected[i])
+                << i << "," << j;
 }
 
 TEST(TraceSampling, PointsStayNearTheStepWhereverTheControlsLieWithinAMinimumAndACap) {
-    // Controls bunched at the start: sampling evenly in the curve parameter would crowd the points there.
-    const TrackDocument bunched = Track({Vertex({0, 0, 0}, kEast, 1, 0), Vertex({60, 0, 0}, kEast, 58, 1)});
-    const std::vector<TracedPoint> points = Traced(bunched).segments.at(0).points;
+    const std::vector<TracedPoint> points = Traced(kBunched).segments.at(0).points;
     ASSERT_EQ(points.size(), 31u);
     for (std::size_t i = 1; i < points.size(); ++i) {
         const double gap = Distance(points[i - 1].position, points[i].position);
@@ -159,32 +144,25 @@ TEST(TraceSampling, PointsStayNearTheStepWhereverTheControlsLieWithinAMinimumAnd
     }
     // A control point on its vertex still gives the direction of travel there.
     EXPECT_NEAR(Distance(Column(points[0].frame, 2), kWest), 0.0, 1e-4);
-    EXPECT_EQ(Traced(Straight({0, 0, 0}, {1, 0, 0})).segments[0].points.size(),
-              static_cast<std::size_t>(kTraceMinSteps) + 1);
-    EXPECT_EQ(Traced(Straight({0, 0, 0}, {1000, 0, 0})).segments[0].points.size(),
-              static_cast<std::size_t>(kTraceMaxSteps) + 1);
-    const TrackSpine still = Traced(Track({Vertex({3, 3, 3}, kEast, 0, 0), Vertex({3, 3, 3}, kEast, 0, 0)}));
-    for (const DrawnPoint& p : still.drawnPoints)
-        EXPECT_TRUE(Finite(p.p1) && Finite(p.p2) && Finite(p.p7));
+    EXPECT_EQ(Straight({0, 0, 0}, {1, 0, 0}).segments[0].points.size(), kTraceMinSteps + 1u);
+    EXPECT_EQ(Straight({0, 0, 0}, {1000, 0, 0}).segments[0].points.size(), kTraceMaxSteps + 1u);
+    for (const DrawnPoint& p :
+         Traced(Track({Vertex({3, 3, 3}, kEast, 0, 0), Vertex({3, 3, 3}, kEast, 0, 0)})).drawnPoints)
+        EXPECT_TRUE(std::isfinite(p.p2.x + p.p2.y + p.p2.z + p.p7.x + p.p7.y + p.p7.z))
+            << "a stretch of length 0";
 }
 
-TEST(TrackStyles, EveryStyleHangsItsMirroredRailsBelowTheHeartlineAndIsDrawnThroughTheFrame) {
+TEST(TrackStyles, EveryStylesRailsAndGuidelinesAreCarriedThroughTheFrame) {
     for (int style = -1; style <= kStyleCount; ++style) {
         const RailLayout& l = RailLayoutOf(style);
-        SCOPED_TRACE(style);
-        EXPECT_TRUE(l.p2.x == -l.p3.x && l.p2.y == l.p3.y && l.p2.x < 0.0f) << "rails mirrored, left at -x";
-        EXPECT_TRUE(l.p4.x == -l.p5.x && l.p6.x == -l.p7.x) << "mirrored pairs";
-        EXPECT_TRUE(-l.p2.y >= 1.1f && -l.p2.y <= 1.5f && l.p1.x == 0.0f && l.p1.y < l.p2.y);
         const DrawnPoint p = Level(0.0f, 0.0f, style).drawnPoints.at(7);
         // Heading +x: local right (+x) is world +z and local up is world +y.
         const std::pair<Vector3, Vector3> pairs[] = {{p.p1, l.p1}, {p.p2, l.p2}, {p.p3, l.p3}, {p.p4, l.p4},
                                                      {p.p5, l.p5}, {p.p6, l.p6}, {p.p7, l.p7}};
         for (const auto& [world, local] : pairs)
-            EXPECT_NEAR(Distance(world, {14.0f, 10.0f + local.y, local.x}), 0.0, 1e-3);
+            EXPECT_NEAR(Distance(world, {14.0f, 10.0f + local.y, local.x}), 0.0, 1e-3) << style;
     }
-}
-
-TEST(Guidelines, StartAtTheStyleOffsetCarriedThroughTheFrame) {
+    // Guidelines start at the style's offset, carried through the frame.
     Vector3 top;
     GuidelineTop(top, Level().segments[0].points[3], 2); // style 2 starts 0.6 above the heartline
     EXPECT_NEAR(Distance(top, {6.0f, 10.6f, 0.0f}), 0.0, 1e-4);
@@ -206,12 +184,11 @@ TEST(TraceTrack, ALoopKeepsItsRightSideAndTurnsTheRidersOverAtTheTop) {
         EXPECT_GT(Column(points[i].frame, 0).z, 0.99f) << i; // local right stays world +z
         EXPECT_GT(DotProduct(Column(points[i].frame, 1), Column(points[i - 1].frame, 1)), 0.9) << i;
     }
-    const TracedPoint& top = spine.segments[2].points.back();
-    EXPECT_NEAR(top.position.y, 50.0f, 1e-4f);
-    EXPECT_NEAR(Column(top.frame, 1).y, -1.0f, 1e-4f);
-    const std::size_t topIndex = spine.segments[0].points.size() + spine.segments[1].points.size() +
-                                 spine.segments[2].points.size() - 3;
-    EXPECT_GT(spine.drawnPoints.at(topIndex).p2.y, 51.0f); // the rails run above the riders' heads
+    const std::size_t top = spine.segments[0].points.size() + spine.segments[1].points.size() +
+                            spine.segments[2].points.size() - 3;
+    EXPECT_NEAR(points.at(top).position.y, 50.0f, 1e-4f);
+    EXPECT_NEAR(Column(points[top].frame, 1).y, -1.0f, 1e-4f);
+    EXPECT_GT(spine.drawnPoints.at(top).p2.y, 51.0f); // the rails run above the riders' heads
 }
 
 TEST(TraceDemo, TheCircuitClosesWithEveryRailPointNearItsHeartlineAndNoneUpsideDown) {
@@ -243,11 +220,9 @@ TEST(RailConnectors, LieOnTheCurveAtTheirParameterWhichIsClampedAndMissingStretc
         ASSERT_TRUE(RailConnectorPosition(spine, 0, parameter, at));
         EXPECT_LT(Distance(at, {x, 10.0f, 0.0f}), 1e-5) << parameter;
     }
-    // Controls bunched at the start: the curve parameter runs unevenly along the stretch.
-    const TrackDocument bunched = Track({Vertex({0, 0, 0}, kEast, 1, 0), Vertex({60, 0, 0}, kEast, 58, 1)});
     for (float parameter : {0.3f, 0.77f}) {
         Vector3 expected;
-        ASSERT_TRUE(RailConnectorPosition(Traced(bunched), 0, parameter, at));
+        ASSERT_TRUE(RailConnectorPosition(Traced(kBunched), 0, parameter, at));
         CubicBezierPoint(expected, {0, 0, 0}, {0, 0, 0}, {60, 0, 0}, {2, 0, 0}, parameter);
         EXPECT_LT(Distance(at, expected), 0.05) << parameter;
     }
