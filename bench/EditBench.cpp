@@ -31,14 +31,15 @@ TerrainData VariedTerrain() {
 // One step per iteration, alternately raising and lowering so the area keeps its relief.
 void SculptStep(benchmark::State& state) {
     TerrainData terrain = VariedTerrain();
-    const int mode = static_cast<int>(state.range(0));
+    const auto mode = static_cast<SculptMode>(state.range(0));
     float delta = 1.0f;
     for (auto _ : state) {
-        const GridRect changed = ApplySculpt(terrain, 10.0f, -20.0f, 0, mode, kGiganticRadius, delta);
+        const GridRect changed =
+            ApplySculpt(terrain, 10.0f, -20.0f, SculptTool::Square, mode, kGiganticRadius, delta);
         benchmark::DoNotOptimize(changed);
         delta = -delta;
     }
-    state.SetLabel(mode == 0 ? "relational" : "absolute");
+    state.SetLabel(mode == SculptMode::Relational ? "relational" : "absolute");
 }
 
 void PushOntoFullUndoStack(benchmark::State& state) {

@@ -37,7 +37,8 @@ void SculptOnly(benchmark::State& state) {
     Scene& scene = SculptScene(static_cast<int>(state.range(0)));
     Editor& e = scene.editor;
     for (auto _ : state) {
-        const GridRect changed = ApplySculpt(e.terrain, e.cursor.x, e.cursor.z, 0, 1, 5, NextMove() * 0.1f);
+        const GridRect changed = ApplySculpt(e.terrain, e.cursor.x, e.cursor.z, SculptTool::Square,
+                                             SculptMode::Absolute, 5, NextMove() * 0.1f);
         benchmark::DoNotOptimize(changed);
     }
 }

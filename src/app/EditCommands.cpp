@@ -66,7 +66,7 @@ void Editor::StrokeMove(int dy) {
     if (!CanEditTerrain() || dy == 0) return;
     // Moving the mouse up (negative dy) raises the terrain, a tenth of a unit per pixel.
     const auto delta = static_cast<float>(-dy * 0.1);
-    RefreshMesh(ApplySculpt(terrain, cursor.x, cursor.z, settings.sculptTool, settings.sculptMode,
+    RefreshMesh(ApplySculpt(terrain, cursor.x, cursor.z, CurrentSculptTool(), CurrentSculptMode(),
                             settings.sculptSize, delta));
     terrain.terrainChanged = true;
     shell.RenderScene();
@@ -98,7 +98,7 @@ void Editor::FlattenToWater() {
 
 void Editor::FlattenArea() {
     RunEdit([this] {
-        return FlattenToArea(terrain, cursor.x, cursor.z, settings.sculptSize, settings.sculptMode);
+        return FlattenToArea(terrain, cursor.x, cursor.z, settings.sculptSize, CurrentSculptMode());
     });
 }
 
@@ -121,7 +121,7 @@ void Editor::ResetTerrain() {
     RunEdit([this] { return ::ResetTerrain(terrain); });
 }
 
-void Editor::AdjustHeights(float amount, int mode) {
+void Editor::AdjustHeights(float amount, AdjustMode mode) {
     RunEdit([&] { return ::AdjustHeights(terrain, amount, mode); });
 }
 
@@ -133,12 +133,22 @@ void Editor::FilterTerrain(const FilterMatrix& matrix, bool onlyInArea) {
     });
 }
 
-void Editor::SetSculptTool(int tool) {
-    settings.sculptTool = std::clamp(tool, 0, 2);
+void Editor::SetSculptTool(SculptTool tool) {
+    settings.sculptTool = static_cast<int>(tool);
 }
-void Editor::SetSculptMode(int mode) {
-    settings.sculptMode = std::clamp(mode, 0, 1);
+
+void Editor::SetSculptMode(SculptMode mode) {
+    settings.sculptMode = static_cast<int>(mode);
 }
+
+SculptTool Editor::CurrentSculptTool() const {
+    return static_cast<SculptTool>(std::clamp(settings.sculptTool, 0, 2));
+}
+
+SculptMode Editor::CurrentSculptMode() const {
+    return static_cast<SculptMode>(std::clamp(settings.sculptMode, 0, 1));
+}
+
 void Editor::SetSculptSize(int radius) {
     settings.sculptSize = std::clamp(radius, 0, kMaxSculptRadius);
 }

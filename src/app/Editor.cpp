@@ -33,8 +33,8 @@ void Editor::InitPaths() {
 void Editor::LoadSettings() {
     ::LoadSettings(SettingsPath(), settings);
     // A hand-edited file may hold sculpt settings out of range.
-    SetSculptTool(settings.sculptTool);
-    SetSculptMode(settings.sculptMode);
+    SetSculptTool(CurrentSculptTool());
+    SetSculptMode(CurrentSculptMode());
     SetSculptSize(settings.sculptSize);
 }
 

@@ -4,8 +4,10 @@
 
 #include "AppSettings.h"
 #include "AreaClipboard.h"
+#include "AreaOperations.h"
 #include "GridRect.h"
 #include "RenderMesh.h"
+#include "Sculpt.h"
 #include "Shell.h"
 #include "TerrainFilter.h"
 #include "TerrainModel.h"
@@ -133,14 +135,16 @@ public:
     void PasteArea();
     // Asks first; only Yes flattens the whole terrain.
     void ResetTerrain();
-    // mode: 0 raise by amount, 1 lower by amount, 2 set to amount.
-    void AdjustHeights(float amount, int mode);
+    void AdjustHeights(float amount, AdjustMode mode);
     void FilterTerrain(const FilterMatrix& matrix, bool onlyInArea);
 
-    // The sculpt settings, kept in range. A size above Gigantic is the custom radius.
-    void SetSculptTool(int tool);
-    void SetSculptMode(int mode);
+    // The sculpt settings (the settings keep them as numbers). A size above Gigantic is the custom
+    // radius; it is kept within 0 .. kMaxSculptRadius.
+    void SetSculptTool(SculptTool tool);
+    void SetSculptMode(SculptMode mode);
     void SetSculptSize(int radius);
+    SculptTool CurrentSculptTool() const;
+    SculptMode CurrentSculptMode() const;
 
 private:
     void DecideTerrainOnOpen(bool hadTerrain);

@@ -78,13 +78,14 @@ GridRect FlattenArea(TerrainData& terrain, float cursorX, float cursorZ, int rad
     return area;
 }
 
-GridRect FlattenToArea(TerrainData& terrain, float cursorX, float cursorZ, int radius, int mode) {
+GridRect FlattenToArea(TerrainData& terrain, float cursorX, float cursorZ, int radius, SculptMode mode) {
     // The height range comes from the stroke's area, which is clipped on all four sides; the
     // flattening itself covers the operation area.
     const GridRect stroke = SculptArea(terrain, cursorX, cursorZ, radius);
-    if (stroke.Empty() || mode < 0 || mode > 1) return {};
+    if (stroke.Empty()) return {};
     const HeightRange range = ScanHeightRange(terrain.heights, stroke);
-    const double level = mode == 0 ? range.bottom + (range.top - range.bottom) * 0.5 : range.bottom;
+    const double level =
+        mode == SculptMode::Relational ? range.bottom + (range.top - range.bottom) * 0.5 : range.bottom;
     return FlattenArea(terrain, cursorX, cursorZ, radius, static_cast<float>(level));
 }
 
@@ -94,14 +95,14 @@ GridRect ResetTerrain(TerrainData& terrain) {
     return GridRect::Whole();
 }
 
-GridRect AdjustHeights(TerrainData& terrain, float amount, int mode) {
-    if (terrain.heights.Empty() || mode < 0 || mode > 2) return {};
+GridRect AdjustHeights(TerrainData& terrain, float amount, AdjustMode mode) {
+    if (terrain.heights.Empty()) return {};
     const double by = amount;
     float* h = terrain.heights.Data();
     for (std::size_t i = 0; i < terrain.heights.Size(); ++i) {
         double adjusted = by;
-        if (mode == static_cast<int>(AdjustMode::Raise)) adjusted = h[i] + by;
-        if (mode == static_cast<int>(AdjustMode::Lower)) adjusted = h[i] - by;
+        if (mode == AdjustMode::Raise) adjusted = h[i] + by;
+        if (mode == AdjustMode::Lower) adjusted = h[i] - by;
         h[i] = static_cast<float>(LimitToToolRange(adjusted));
     }
     return GridRect::Whole();

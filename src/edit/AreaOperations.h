@@ -3,6 +3,7 @@
 // and on the whole grid (Reset, Adjust Height). Each returns the points it changed.
 
 #include "GridRect.h"
+#include "Sculpt.h"
 
 // Ground level of Reset and "Flatten to Ground": 0.5 with water, else 0.
 float GroundLevel(const TerrainData& terrain);
@@ -17,13 +18,13 @@ GridRect MirrorArea(TerrainData& terrain, float cursorX, float cursorZ, int radi
 GridRect InvertArea(TerrainData& terrain, float cursorX, float cursorZ, int radius);
 // Sets every point of the area to level.
 GridRect FlattenArea(TerrainData& terrain, float cursorX, float cursorZ, int radius, float level);
-// Flattens the area to the middle of its height range (mode 0, relational) or to its lowest point
-// (mode 1, absolute); the range is measured over the sculpt stroke's area.
-GridRect FlattenToArea(TerrainData& terrain, float cursorX, float cursorZ, int radius, int mode);
+// Flattens the area to the middle of its height range (relational) or to its lowest point
+// (absolute); the range is measured over the sculpt stroke's area.
+GridRect FlattenToArea(TerrainData& terrain, float cursorX, float cursorZ, int radius, SculptMode mode);
 
 // Every point of the grid to the ground level.
 GridRect ResetTerrain(TerrainData& terrain);
 
 enum class AdjustMode { Raise = 0, Lower = 1, Set = 2 };
 // Raises, lowers or sets every point by amount, then limits it to -10 .. 150.
-GridRect AdjustHeights(TerrainData& terrain, float amount, int mode);
+GridRect AdjustHeights(TerrainData& terrain, float amount, AdjustMode mode);

@@ -57,21 +57,21 @@ void MoveAbsolute(HeightGrid& grid, const GridRect& area, double delta, double f
 
 } // namespace
 
-GridRect ApplySculpt(TerrainData& terrain, float cursorX, float cursorZ, int tool, int mode, int radius,
-                     float delta) {
-    if (tool != static_cast<int>(SculptToolKind::Square)) return {};
+GridRect ApplySculpt(TerrainData& terrain, float cursorX, float cursorZ, SculptTool tool, SculptMode mode,
+                     int radius, float delta) {
+    if (tool != SculptTool::Square) return {};
     // A step that is not a number would spread through the whole area; it changes nothing instead.
     if (!std::isfinite(delta)) return {};
     const GridRect area = SculptArea(terrain, cursorX, cursorZ, radius);
     if (area.Empty()) return {};
     const double step = delta;
     const double floor = SculptFloor(terrain);
-    if (mode == static_cast<int>(SculptModeKind::Relational)) {
+    if (mode == SculptMode::Relational) {
         if (step >= 0.0)
             RaiseRelational(terrain.heights, area, step);
         else
             LowerRelational(terrain.heights, area, step, floor);
-    } else if (mode == static_cast<int>(SculptModeKind::Absolute)) {
+    } else if (mode == SculptMode::Absolute) {
         MoveAbsolute(terrain.heights, area, step, floor);
     } else {
         return {};

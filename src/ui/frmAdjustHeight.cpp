@@ -46,9 +46,9 @@ frmAdjustHeight::frmAdjustHeight(Editor& editor, QWidget* parent) : QDialog(pare
 }
 
 void frmAdjustHeight::btnOkay_Click() {
-    int mode = 0;
+    AdjustMode mode = AdjustMode::Raise;
     for (std::size_t i = 0; i < optMode.size(); ++i)
-        if (optMode[i]->isChecked()) mode = static_cast<int>(i);
+        if (optMode[i]->isChecked()) mode = static_cast<AdjustMode>(i);
     // The amount is the number the text starts with; an empty text counts as 0.
     editor_.AdjustHeights(ParseSingle(txtHeight->text().toStdString()), mode);
     accept();

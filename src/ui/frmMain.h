@@ -161,8 +161,8 @@ private slots:
     void mnuHelpIndex_Click();
     void mnuKeyboardShortcuts_Click();
     void mnuAbout_Click();
-    void mnuSculptTool_Click(int index);
-    void mnuSculptMode_Click(int index);
+    void mnuSculptTool_Click(SculptTool tool);
+    void mnuSculptMode_Click(SculptMode mode);
     void mnuSculptSize_Click(int index);
     void optMove_Click(int index);
     void optSize_Click(int index);

@@ -87,7 +87,7 @@ void frmMain::BuildSculptMenu() {
     QMenu* sculpt = menuBar()->addMenu("&Sculpt");
     sculpt->setObjectName("mnuSculpt");
     auto addGroup = [this](QMenu* menu, const char* name, const char* const* captions, int count,
-                           auto* entries, void (frmMain::*handler)(int)) {
+                           auto* entries, auto pick) {
         auto* group = new QActionGroup(this);
         for (int i = 0; i < count; ++i) {
             QAction* action = menu->addAction(captions[i]);
@@ -95,26 +95,31 @@ void frmMain::BuildSculptMenu() {
             action->setCheckable(true);
             action->setAutoRepeat(false);
             group->addAction(action);
-            connect(action, &QAction::triggered, this, [this, handler, i] { (this->*handler)(i); });
+            connect(action, &QAction::triggered, this, [pick, i] { pick(i); });
             (*entries)[static_cast<std::size_t>(i)] = action;
         }
     };
     QMenu* tools = sculpt->addMenu("Sculpt &Tool");
     tools->setObjectName("mnuSculptToolMenu");
-    addGroup(tools, "mnuSculptTool", kToolCaptions, 3, &mnuSculptTool, &frmMain::mnuSculptTool_Click);
+    addGroup(tools, "mnuSculptTool", kToolCaptions, 3, &mnuSculptTool,
+             [this](int i) { mnuSculptTool_Click(static_cast<SculptTool>(i)); });
     QMenu* modes = sculpt->addMenu("&Mode");
     modes->setObjectName("mnuSculptModeMenu");
-    addGroup(modes, "mnuSculptMode", kModeCaptions, 2, &mnuSculptMode, &frmMain::mnuSculptMode_Click);
+    addGroup(modes, "mnuSculptMode", kModeCaptions, 2, &mnuSculptMode,
+             [this](int i) { mnuSculptMode_Click(static_cast<SculptMode>(i)); });
     modes->addSeparator();
     mnuToggleMode = modes->addAction("&Toggle Relational/Absolute");
     mnuToggleMode->setObjectName("mnuToggleMode");
     mnuToggleMode->setShortcut(Qt::Key_R);
     mnuToggleMode->setAutoRepeat(false);
-    connect(mnuToggleMode, &QAction::triggered, this,
-            [this] { mnuSculptMode_Click(editor_.settings.sculptMode == 0 ? 1 : 0); });
+    connect(mnuToggleMode, &QAction::triggered, this, [this] {
+        mnuSculptMode_Click(editor_.CurrentSculptMode() == SculptMode::Relational ? SculptMode::Absolute
+                                                                                  : SculptMode::Relational);
+    });
     QMenu* sizes = sculpt->addMenu("&Size");
     sizes->setObjectName("mnuSculptSizeMenu");
-    addGroup(sizes, "mnuSculptSize", kSizeCaptions, 7, &mnuSculptSize, &frmMain::mnuSculptSize_Click);
+    addGroup(sizes, "mnuSculptSize", kSizeCaptions, 7, &mnuSculptSize,
+             [this](int i) { mnuSculptSize_Click(i); });
     for (int i = 0; i < 6; ++i)
         mnuSculptSize[static_cast<std::size_t>(i)]->setShortcut(Qt::Key_1 + i);
 }
@@ -189,9 +194,10 @@ void frmMain::SyncSculptControls() {
     const AppSettings& s = editor_.settings;
     const int radius = s.sculptSize;
     const int sizeIndex = radius <= 5 ? radius : 6;
-    mnuSculptTool[static_cast<std::size_t>(s.sculptTool)]->setChecked(true);
-    mnuSculptMode[static_cast<std::size_t>(s.sculptMode)]->setChecked(true);
-    optMove[static_cast<std::size_t>(s.sculptMode)]->setChecked(true);
+    const auto mode = static_cast<std::size_t>(editor_.CurrentSculptMode());
+    mnuSculptTool[static_cast<std::size_t>(editor_.CurrentSculptTool())]->setChecked(true);
+    mnuSculptMode[mode]->setChecked(true);
+    optMove[mode]->setChecked(true);
     mnuSculptSize[static_cast<std::size_t>(sizeIndex)]->setChecked(true);
     optSize[static_cast<std::size_t>(sizeIndex)]->setChecked(true);
     if (sizeIndex == 6) {
@@ -201,15 +207,16 @@ void frmMain::SyncSculptControls() {
     }
 }
 
-void frmMain::mnuSculptTool_Click(int index) {
-    editor_.SetSculptTool(index);
-    mnuSculptTool[static_cast<std::size_t>(editor_.settings.sculptTool)]->setChecked(true);
+void frmMain::mnuSculptTool_Click(SculptTool tool) {
+    editor_.SetSculptTool(tool);
+    mnuSculptTool[static_cast<std::size_t>(editor_.CurrentSculptTool())]->setChecked(true);
 }
 
-void frmMain::mnuSculptMode_Click(int index) {
-    editor_.SetSculptMode(index);
-    mnuSculptMode[static_cast<std::size_t>(editor_.settings.sculptMode)]->setChecked(true);
-    optMove[static_cast<std::size_t>(editor_.settings.sculptMode)]->setChecked(true);
+void frmMain::mnuSculptMode_Click(SculptMode mode) {
+    editor_.SetSculptMode(mode);
+    const auto index = static_cast<std::size_t>(editor_.CurrentSculptMode());
+    mnuSculptMode[index]->setChecked(true);
+    optMove[index]->setChecked(true);
 }
 
 void frmMain::mnuSculptSize_Click(int index) {
@@ -222,7 +229,7 @@ void frmMain::mnuSculptSize_Click(int index) {
 
 void frmMain::optMove_Click(int index) {
     view->setFocus();
-    mnuSculptMode_Click(index);
+    mnuSculptMode_Click(static_cast<SculptMode>(index));
 }
 
 void frmMain::optSize_Click(int index) {

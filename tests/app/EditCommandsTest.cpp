@@ -80,7 +80,7 @@ TEST_F(EditCommandsTest, WithoutATerrainNoCommandActsOrStoresAStep) {
          {&Editor::FlipArea, &Editor::MirrorArea, &Editor::InvertArea, &Editor::FlattenArea,
           &Editor::CopyArea, &Editor::PasteArea, &Editor::BeginStroke, &Editor::ResetTerrain})
         (editor.*command)();
-    editor.AdjustHeights(5.0f, 0);
+    editor.AdjustHeights(5.0f, AdjustMode::Raise);
     editor.FilterTerrain(PresetMatrix(0), false);
     editor.StrokeMove(-10);
     EXPECT_EQ(editor.undo.UndoCount(), 0);
@@ -136,9 +136,9 @@ TEST_F(EditCommandsTest, ResetOnlyAfterAYesAndAdjustAndFilterWorkOnTheWholeGridB
     EXPECT_EQ(shell.questions.size(), 3u);
     EXPECT_EQ(editor.terrain.heights, HeightGrid(16, 16, 0.5f)) << "the ground level with water";
     ExpectMeshMatchesHeights();
-    editor.AdjustHeights(200.0f, 1);
+    editor.AdjustHeights(200.0f, AdjustMode::Lower);
     EXPECT_EQ(editor.terrain.heights, HeightGrid(16, 16, -10.0f));
-    editor.AdjustHeights(3.0f, 2);
+    editor.AdjustHeights(3.0f, AdjustMode::Set);
     FilterMatrix zero = PresetMatrix(3);
     zero.factor = 0;
     editor.FilterTerrain(zero, false);

@@ -61,7 +61,7 @@ TEST_P(EditorTerrainChoiceTest, FollowsTheSettingOrTheAnswerAndASaveWritesTheTer
     const TerrainChoice c = GetParam();
     const std::string path = WriteTrack("t.cvtrack", c.trackHasTerrain ? 5 : 0);
     GiveEditorTerrain(3, 41.0f);
-    editor.AdjustHeights(1.0f, 0);
+    editor.AdjustHeights(1.0f, AdjustMode::Raise);
     int& setting = c.trackHasTerrain ? editor.settings.askLoadTrackTerrain : editor.settings.askLoadNoTerrain;
     setting = c.setting;
     if (c.answer) shell.askChoices.push_back(*c.answer);

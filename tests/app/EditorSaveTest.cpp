@@ -8,7 +8,7 @@ namespace fs = std::filesystem;
 TEST_F(EditorTest, SaveWritesTheEditedTerrainWithTheTrackClearsTheChangeMarkAndKeepsTheUndoSteps) {
     const std::string path = WriteTrack("edit.cvtrack", 4);
     editor.OpenTrack(path);
-    editor.AdjustHeights(2.5f, 0);
+    editor.AdjustHeights(2.5f, AdjustMode::Raise);
     ASSERT_TRUE(editor.terrain.terrainChanged);
     ASSERT_TRUE(editor.SaveTrack(path));
     EXPECT_FALSE(editor.terrain.terrainChanged);

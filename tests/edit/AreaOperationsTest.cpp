@@ -64,17 +64,19 @@ TEST(InvertAndFlatten, InvertTurnsTheAreaOverWithinItsRangeAndFlattenLevelsItToT
     TerrainData flat = MakeTerrain(16, 16, 3.0f);
     Apply(InvertArea, flat, 8, 8, 2);
     EXPECT_EQ(CountNotAt(flat, 3.0f), 0);
-    for (int mode : {0, 1}) { // relational: the middle of the range, absolute: its bottom
+    for (SculptMode mode :
+         {SculptMode::Relational, SculptMode::Absolute}) { // the middle of the range, its bottom
         t = start;
         EXPECT_EQ(FlattenToArea(t, CursorX(t, 8), CursorZ(t, 8), 1, mode), (GridRect{7, 7, 9, 9}));
         EXPECT_EQ(CountNotAt(t, 4.0f), 9);
-        EXPECT_EQ(CountNotAt(t, mode == 0 ? 6.0f : 2.0f), 256 - 9);
+        EXPECT_EQ(CountNotAt(t, mode == SculptMode::Relational ? 6.0f : 2.0f), 256 - 9);
     }
     // The level is measured over the stroke area but the operation area is flattened.
     t = MakeTerrain(8, 16);
     t.heights.At(7, 6) = 100.0f; // inside the operation area only
     t.heights.At(3, 5) = 10.0f;
-    EXPECT_EQ(FlattenToArea(t, CursorX(t, 6), CursorZ(t, 3), 2, 0), (GridRect{4, 1, 7, 7}));
+    EXPECT_EQ(FlattenToArea(t, CursorX(t, 6), CursorZ(t, 3), 2, SculptMode::Relational),
+              (GridRect{4, 1, 7, 7}));
     ExpectHeights(t, {{7, 6, 5}, {1, 4, 5}, {8, 6, 0}});
 }
 
@@ -85,13 +87,13 @@ TEST(WholeGrid, ResetGoesToTheGroundLevelAndAdjustStaysWithinTheToolLimits) {
     NumberPoints(t);
     EXPECT_EQ(ResetTerrain(t), GridRect::Whole());
     EXPECT_EQ(CountNotAt(t, 0.5f), 0);
-    EXPECT_EQ(AdjustHeights(t, 2.5f, 0), GridRect::Whole());
+    EXPECT_EQ(AdjustHeights(t, 2.5f, AdjustMode::Raise), GridRect::Whole());
     EXPECT_EQ(CountNotAt(t, 3.0f), 0);
-    AdjustHeights(dry, 200.0f, 1);
+    AdjustHeights(dry, 200.0f, AdjustMode::Lower);
     EXPECT_EQ(CountNotAt(dry, -10.0f), 0);
-    AdjustHeights(dry, 500.0f, 2);
+    AdjustHeights(dry, 500.0f, AdjustMode::Set);
     EXPECT_EQ(CountNotAt(dry, 150.0f), 0);
-    EXPECT_TRUE(ResetTerrain(empty).Empty() && AdjustHeights(empty, 1.0f, 0).Empty());
+    EXPECT_TRUE(ResetTerrain(empty).Empty() && AdjustHeights(empty, 1.0f, AdjustMode::Raise).Empty());
 }
 
 TEST(EveryOperation, LeavesEveryPointFiniteAndTheGridItsSize) {
@@ -101,11 +103,11 @@ TEST(EveryOperation, LeavesEveryPointFiniteAndTheGridItsSize) {
         for (int radius : {0, 2, 5, 40}) {
             const float x = CursorX(t, column), z = CursorZ(t, column + 4);
             for (float delta : {60.0f, -60.0f})
-                ApplySculpt(t, x, z, 0, 0, radius, delta);
-            ApplySculpt(t, x, z, 0, 1, radius, -300.0f);
+                ApplySculpt(t, x, z, SculptTool::Square, SculptMode::Relational, radius, delta);
+            ApplySculpt(t, x, z, SculptTool::Square, SculptMode::Absolute, radius, -300.0f);
             for (AreaEdit op : {FlipArea, MirrorArea, InvertArea})
                 op(t, x, z, radius);
-            FlattenToArea(t, x, z, radius, radius % 2);
+            FlattenToArea(t, x, z, radius, static_cast<SculptMode>(radius % 2));
             for (int preset = 0; preset < 6; ++preset)
                 FilterTerrain(t, PresetMatrix(preset), true, x, z, radius);
         }

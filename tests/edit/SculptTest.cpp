@@ -5,11 +5,12 @@
 
 namespace {
 
-constexpr int kSquare = 0;
-constexpr int kRelational = 0;
-constexpr int kAbsolute = 1;
+constexpr SculptTool kSquare = SculptTool::Square;
+constexpr SculptMode kRelational = SculptMode::Relational;
+constexpr SculptMode kAbsolute = SculptMode::Absolute;
 
-GridRect Stroke(TerrainData& t, int column, int row, int mode, int radius, float delta, int tool = kSquare) {
+GridRect Stroke(TerrainData& t, int column, int row, SculptMode mode, int radius, float delta,
+                SculptTool tool = kSquare) {
     return ApplySculpt(t, CursorX(t, column), CursorZ(t, row), tool, mode, radius, delta);
 }
 
@@ -38,7 +39,7 @@ TEST(SculptRelational, RaisingPullsTheAreaUpToItsTopWhichStaysPutThenTheLevelAre
 
 TEST(SculptStep, EachModeMovesAPointByItsRuleAndStopsOnlyAtTheBoundItCouldCross) {
     // Height, mode, delta, water, expected height after one step at radius 0.
-    const std::tuple<float, int, float, bool, float, const char*> cases[] = {
+    const std::tuple<float, SculptMode, float, bool, float, const char*> cases[] = {
         {4.0f, kRelational, 2.0f, false, 4.6f, "radius 0 rises by delta * k + k: 4 + 2 * 0.2 + 0.2"},
         {4.0f, kRelational, 20.0f, false, 24.0f, "4 + 20 * 2 + 2, capped at 4 + 20"},
         {3.0f, kRelational, -2.0f, false, 2.4f, "a flat point lowers towards 3 - 2"},
@@ -62,8 +63,8 @@ TEST(SculptStep, EachModeMovesAPointByItsRuleAndStopsOnlyAtTheBoundItCouldCross)
 
 TEST(SculptStep, PyramidAndCurveToolsAnEmptyGridOrAStepThatIsNotANumberChangeNothing) {
     TerrainData t = MakeTerrain(8, 8, 1.0f), empty;
-    for (int tool : {1, 2})
-        EXPECT_TRUE(Stroke(t, 4, 4, kAbsolute, 2, 3.0f, tool).Empty()) << "tool " << tool;
+    for (SculptTool tool : {SculptTool::Pyramid, SculptTool::Curve})
+        EXPECT_TRUE(Stroke(t, 4, 4, kAbsolute, 2, 3.0f, tool).Empty()) << "tool " << static_cast<int>(tool);
     EXPECT_TRUE(Stroke(t, 4, 4, kRelational, 2, std::nanf("")).Empty());
     EXPECT_EQ(CountNotAt(t, 1.0f), 0);
     EXPECT_TRUE(ApplySculpt(empty, 0.0f, 0.0f, kSquare, kAbsolute, 2, 1.0f).Empty());
