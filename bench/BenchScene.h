@@ -16,15 +16,12 @@
 
 struct Scene {
     BenchShell shell;
-    Editor editor{shell, LW_BIN_DIR};
+    Editor editor{shell, shell, LW_BIN_DIR};
     explicit Scene(int side) {
         DemoOptions options;
         options.terrainSide = side;
-        editor.track = MakeDemoTrack(options);
-        editor.terrain.trackPresent = TraceTrack(editor.track, editor.spine);
-        editor.CopyTerrainFromTrack();
-        editor.mesh.Build(editor.terrain);
-        editor.ResetView();
+        // As if opened: the demo's terrain is taken, the track traced, the camera at its start.
+        editor.OpenTrackDocument(MakeDemoTrack(options), "Demo.cvtrack");
     }
 };
 

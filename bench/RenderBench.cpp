@@ -19,13 +19,15 @@ namespace {
 // range(4): 1 textured ground and water, 0 plain colours.
 void Frame(benchmark::State& state) {
     Scene& scene = SceneOf(static_cast<int>(state.range(0)));
-    AppSettings& s = scene.editor.settings;
-    s.viewWater = s.viewTrack = s.viewSupports = s.viewTrees = state.range(3) == 1;
-    s.viewTextures = state.range(4) == 1;
+    Editor& editor = scene.editor;
+    const bool whole = state.range(3) == 1;
+    for (ViewSwitch part : {ViewSwitch::Water, ViewSwitch::Track, ViewSwitch::Supports, ViewSwitch::Trees})
+        editor.SetViewSwitch(part, whole);
+    editor.SetViewSwitch(ViewSwitch::Textures, state.range(4) == 1);
     if (state.range(1) == 1)
-        scene.editor.camera = {0.0f, 330.0f, 480.0f, -38.0f, 0.0f, 0.0f};
+        editor.SetCamera({0.0f, 330.0f, 480.0f, -38.0f, 0.0f, 0.0f});
     else if (state.range(1) == 2)
-        scene.editor.camera = {0.0f, 10.0f, 0.0f, 70.0f, 0.0f, 0.0f};
+        editor.SetCamera({0.0f, 10.0f, 0.0f, 70.0f, 0.0f, 0.0f});
     else
         scene.editor.ResetView();
     View().Options().cullBlocks = state.range(2) == 1;
@@ -34,7 +36,8 @@ void Frame(benchmark::State& state) {
         RenderScene(scene.editor, view.ViewState(), view.Options());
         glFinish();
     }
-    state.counters["textured"] = view.ViewState().terrainTexture != 0 && s.viewTextures ? 1 : 0;
+    state.counters["textured"] =
+        view.ViewState().terrainTexture != 0 && editor.Settings().viewTextures ? 1 : 0;
     view.doneCurrent();
 }
 
@@ -42,7 +45,7 @@ void RebuildMesh(benchmark::State& state) {
     Scene& scene = SceneOf(static_cast<int>(state.range(0)));
     RenderMesh mesh;
     for (auto _ : state) {
-        mesh.Build(scene.editor.terrain);
+        mesh.Build(scene.editor.Terrain());
         benchmark::DoNotOptimize(mesh.Blocks().data());
     }
 }
@@ -53,12 +56,12 @@ void RefreshSculptedArea(benchmark::State& state) {
     const int side = static_cast<int>(state.range(0));
     Scene& scene = SceneOf(side);
     RenderMesh mesh;
-    mesh.Build(scene.editor.terrain);
+    mesh.Build(scene.editor.Terrain());
     int step = 0;
     for (auto _ : state) {
         const int column = 6 + (step * 37) % (side - 12);
         const int row = 6 + (step * 53) % (side - 12);
-        mesh.UpdateArea(scene.editor.terrain, column - 6, row - 6, column + 6, row + 6);
+        mesh.UpdateArea(scene.editor.Terrain(), column - 6, row - 6, column + 6, row + 6);
         benchmark::DoNotOptimize(mesh.Blocks().data());
         ++step;
     }

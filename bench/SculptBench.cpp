@@ -11,8 +11,8 @@ namespace {
 // The camera's start position with the cursor ahead of it and the "Gigantic" brush.
 Scene& SculptScene(int side) {
     Scene& scene = SceneOf(side);
-    scene.editor.cursor = {20.0f, 0.0f, -60.0f};
-    scene.editor.settings.sculptSize = 5;
+    scene.editor.MoveCursorTo(20.0f, -60.0f);
+    scene.editor.SetSculptSize(5);
     return scene;
 }
 
@@ -27,7 +27,7 @@ int NextMove() {
 // normals and block bounds it touched.
 void StrokeStep(benchmark::State& state) {
     Scene& scene = SculptScene(static_cast<int>(state.range(0)));
-    scene.editor.settings.sculptMode = static_cast<int>(state.range(1));
+    scene.editor.SetSculptMode(static_cast<SculptMode>(state.range(1)));
     for (auto _ : state)
         scene.editor.StrokeMove(NextMove());
 }
@@ -35,9 +35,10 @@ void StrokeStep(benchmark::State& state) {
 // The sculpt step alone, without the mesh.
 void SculptOnly(benchmark::State& state) {
     Scene& scene = SculptScene(static_cast<int>(state.range(0)));
-    Editor& e = scene.editor;
+    TerrainData terrain = scene.editor.Terrain();
+    const CursorState& cursor = scene.editor.Cursor();
     for (auto _ : state) {
-        const GridRect changed = ApplySculpt(e.terrain, e.cursor.x, e.cursor.z, SculptTool::Square,
+        const GridRect changed = ApplySculpt(terrain, cursor.x, cursor.z, SculptTool::Square,
                                              SculptMode::Absolute, 5, NextMove() * 0.1f);
         benchmark::DoNotOptimize(changed);
     }

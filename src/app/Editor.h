@@ -1,6 +1,14 @@
 #pragma once
-// The editing session: the terrain, the open track, the preferences and the commands that the
-// menus, keys and command line call. Talks to the user only through its Shell.
+// The editing session: the document (terrain and open track), what the view shows of it, the
+// preferences, the undo history and the area clipboard, and the commands that the menus, keys,
+// dialogs and command line call. Its state is read through the accessors and changed only by its
+// commands. It talks to the user only through its Shell and tells the window what changed through
+// its ViewNotifications.
+//
+// The commands are defined by group: Editor.cpp (start-up, preferences, view switches),
+// EditorFiles.cpp (open, save, recent files, exit, ride, help), EditorTerrain.cpp (new, delete,
+// remove the track data, terrain settings, ReplaceTerrain), EditorEditing.cpp (undo, sculpt, area
+// and whole-terrain operations, clipboard, filter) and EditorView.cpp (camera and cursor).
 
 #include "AppSettings.h"
 #include "AreaClipboard.h"
@@ -14,6 +22,7 @@
 #include "TrackDocument.h"
 #include "UndoHistory.h"
 #include "Version.h"
+#include "ViewNotifications.h"
 #include "mCV_TraceTrack.h"
 #include "mCamera.h"
 
@@ -32,25 +41,71 @@ inline constexpr int kMaxSculptRadius = 32;
 
 inline constexpr const char* kTrackFilter = "Corvanta Track Files (*.cvtrack)|*.cvtrack";
 
+// What a track file holds: the terrain with the scene flags beside it, and the open track's records.
+struct Document {
+    TerrainModel terrain;
+    TrackDocument track;
+};
+
+// What the 3D view shows besides the document: the traced track (rebuilt when a track is opened,
+// emptied when the track data is removed), the terrain as drawn, the flying camera and the cursor.
+struct ViewState {
+    TrackSpine spine;
+    RenderMesh mesh;
+    CameraState camera;
+    CursorState cursor;
+};
+
+// The switches of the View menu.
+enum class ViewSwitch {
+    Terrain,
+    Water,
+    Skybox,
+    Textures,
+    Track,
+    Guidelines,
+    Supports,
+    Trees,
+    ClipTerrain,
+    StayAbove
+};
+
+// Writes a new terrain into the fresh TerrainData it is given. Returning false (nothing to take: a
+// read failed, the user cancelled) leaves the editor as it was.
+using TerrainFill = std::function<bool(TerrainData&)>;
+
+// How a new terrain takes the place of the editor's.
+struct TerrainReplacement {
+    // Asked first when the editor holds a terrain; false keeps it and nothing changes. Empty: no
+    // question (opening a track asks its own, the terrain settings have asked already).
+    std::function<bool()> confirmOverwrite;
+    // Fill in the textures and tilings the new terrain lacks (ApplyTerrainDefaults).
+    bool applyDefaults = false;
+    // Put the camera back to its start over the new terrain.
+    bool resetCamera = true;
+    // Whether the new terrain counts as an unsaved change (terrainChanged afterwards).
+    bool changed = false;
+};
+
 class Editor {
 public:
     // programFolder: the folder of the executable (settings, textures, help, simulator), with or
     // without a trailing "/".
-    Editor(Shell& shell, std::string programFolder);
+    Editor(Shell& dialogs, ViewNotifications& view, std::string programFolder);
 
-    Shell& shell;
-    TerrainModel terrain;
-    TrackDocument track;
-    AppSettings settings;
-    // What the 3D view shows: the terrain as drawn, the flying camera and the terrain cursor.
-    RenderMesh mesh;
-    CameraState camera;
-    CursorState cursor;
-    // The traced track: rebuilt when a track is opened, emptied when the track data is removed.
-    TrackSpine spine;
-    // Snapshots of the heights before each edit, and the program's own copy of an area's heights.
-    UndoHistory undo;
-    AreaClipboard areaClipboard;
+    // The session's state, read only.
+    const TerrainModel& Terrain() const { return document_.terrain; }
+    const TrackDocument& Track() const { return document_.track; }
+    const AppSettings& Settings() const { return settings_; }
+    const RenderMesh& Mesh() const { return view_.mesh; }
+    const CameraState& Camera() const { return view_.camera; }
+    const CursorState& Cursor() const { return view_.cursor; }
+    const TrackSpine& Spine() const { return view_.spine; }
+    const UndoHistory& History() const { return undo_; }
+    const AreaClipboard& Clipboard() const { return clipboard_; }
+    // Where messages, questions and dialogs go; tests put a scripted shell there.
+    Shell& Dialogs() const { return *dialogs_; }
+    void SetDialogs(Shell& dialogs) { dialogs_ = &dialogs; }
 
     const std::string& ProgramFolder() const { return programFolder_; }
     std::string SettingsPath() const { return programFolder_ + kSettingsFileName; }
@@ -62,56 +117,79 @@ public:
     void LoadSettings();
     // Writes the settings file; a failure is reported to the user. Returns whether it was written.
     bool SaveSettings();
+    // The options dialog's OK: the preferences take effect (sculpt settings kept in range, the
+    // guideline colours derived from the track colours), then a redraw and a window refresh.
+    void ApplySettings(const AppSettings& settings);
+    bool ViewSwitchOn(ViewSwitch which) const;
+    void SetViewSwitch(ViewSwitch which, bool on);
 
-    // Opens a track; an empty path asks for one with the open dialog.
+    // Files (EditorFiles.cpp).
+    // Opens a track; an empty path asks for one with the open dialog. A file that cannot be read
+    // is reported and changes nothing.
     void OpenTrack(const std::string& path);
+    // Takes a track already read from path as the open track: the terrain question, the trace, the
+    // recent files, the camera; the window's state changes only once all is done.
+    void OpenTrackDocument(TrackDocument document, const std::string& path);
     // Saves the open track with the editor's terrain to path; nothing happens without a track.
     // Returns whether the file was written; a failure is reported and the terrain stays changed.
     bool SaveTrack(const std::string& path);
     void SaveTrackAs();
-
+    bool CanSaveTrack() const { return Terrain().trackPresent; }
     void AddRecentFile(const std::string& path);
     void ClearRecentFiles();
-
-    void CopyTerrainFromTrack();
-    void CopyTerrainToTrack(bool force);
-
     std::string Caption() const;
     // The question before the main window closes; true when closing may go on.
     bool ConfirmClose();
-
     // Saves the track and starts the simulator on it.
     void RideTrack();
+    // Opens the manual; when it is missing or nothing can show it, says so and gives its path.
     void OpenHelpIndex();
 
+    // Terrain (EditorTerrain.cpp).
+    // Asks before removing a present terrain; true when the terrain settings may open for a new one.
+    bool NewTerrain();
+    // The terrain settings dialog's confirm; the result says whether it may close.
+    TerrainApplyResult ApplyTerrainSettings(const TerrainSettingsValues& values);
     // Terrain menu: removing the terrain, removing the track data. Each asks first.
     void DeleteTerrain();
     void RemoveTrackData();
-    // Asks before removing a present terrain; true when the terrain settings may open for a new one.
-    bool NewTerrain();
-    // The terrain settings dialog's confirm (TerrainSettings.cpp); the result says whether it may close.
-    TerrainApplyResult ApplyTerrainSettings(const TerrainSettingsValues& values);
+    // Every way a terrain arrives (a track's terrain, a new grid, the importers, the generator):
+    // the overwrite question if asked for, the fill, the defaults, the undo history reset, the
+    // change mark, the mesh, the camera, the textures, a redraw and a window refresh. Returns
+    // whether the terrain was replaced.
+    bool ReplaceTerrain(const TerrainFill& fill, const TerrainReplacement& how);
 
-    bool CanSaveTrack() const { return terrain.trackPresent; }
-
-    // The ground under the camera, or null without terrain.
+    // Camera and cursor (EditorView.cpp). Each redraws.
+    // The ground under the camera, or nothing without terrain.
     std::optional<SceneGround> Ground() const;
     // Back to the start position over the terrain (or at height 10 without one).
     void ResetView();
+    void SetCamera(const CameraState& camera);
+    // One keyboard tick, with the ground rule when the camera is to stay above the ground.
+    void FlyByKeys(const HeldKeys& keys);
+    // A mouse-button tick: distance along the view (negative: backwards), kept in the scene.
+    void FlyAlongView(float distance);
+    // Mouse-look: yaw and pitch change by these many degrees.
+    void TurnCamera(float yawDegrees, float pitchDegrees);
+    // The cursor to a world position, kept in the scene; its height follows the terrain.
+    void MoveCursorTo(float x, float z);
+    // A cursor drag, in units to the camera's right and away from it; only with a terrain.
+    void DragCursor(float right, float ahead);
+    // The cursor 50 units ahead of the camera; only with a terrain.
+    void MoveCursorIntoView();
     // The cursor takes the height of the grid point under it (0 without terrain).
     void UpdateCursorHeight();
 
-    // Editing (EditCommands.cpp). Each command acts only when it is enabled, and changes the heights
-    // through RunEdit: one undo step, the change, the view's mesh refreshed where it changed, the
-    // terrain marked changed, a redraw and a window refresh.
-    bool CanEditTerrain() const { return terrain.terrainPresent && !terrain.heights.Empty(); }
-    bool CanPaste() const { return CanEditTerrain() && areaClipboard.HasTerrainClipboard(); }
-    bool CanUndo() const { return CanEditTerrain() && undo.CanUndo(); }
-    bool CanRedo() const { return CanEditTerrain() && undo.CanRedo(); }
-    // Runs change as one edit; false (and nothing pushed) when there is no terrain to edit.
-    bool RunEdit(const std::function<GridRect()>& change);
-    // Stores the heights as the newest undo step and marks the terrain changed.
-    void PushUndo();
+    // Editing (EditorEditing.cpp). Each command acts only when it is enabled, and changes the
+    // heights through RunEdit: one undo step, the change, the view's mesh refreshed where it
+    // changed, the terrain marked changed, a redraw and a window refresh.
+    bool CanEditTerrain() const { return Terrain().terrainPresent && !Terrain().heights.Empty(); }
+    bool CanPaste() const { return CanEditTerrain() && clipboard_.HasTerrainClipboard(); }
+    bool CanUndo() const { return CanEditTerrain() && undo_.CanUndo(); }
+    bool CanRedo() const { return CanEditTerrain() && undo_.CanRedo(); }
+    // Runs change on the terrain as one edit; change returns the points it changed. False (and
+    // nothing stored) when there is no terrain to edit.
+    bool RunEdit(const std::function<GridRect(TerrainData&)>& change);
     // Empties both undo stacks; the terrain counts as unchanged.
     void ResetUndoHistory();
     void Undo();
@@ -121,9 +199,6 @@ public:
     // (positive downwards) raises or lowers the area under the cursor by -dy / 10 units.
     void BeginStroke();
     void StrokeMove(int dy);
-    // Brings the view's mesh in line with heights changed inside `changed`: those points, the face
-    // normals and block bounds around them, or the whole mesh when the whole grid changed.
-    void RefreshMesh(const GridRect& changed);
 
     void FlipArea();
     void MirrorArea();
@@ -147,11 +222,30 @@ public:
     SculptMode CurrentSculptMode() const;
 
 private:
-    void DecideTerrainOnOpen(bool hadTerrain);
-    // The terrain was replaced or restyled: rebuild the mesh, reload textures, redraw, refresh the window;
-    // the camera goes back to its start unless the grid stayed the same.
-    void AfterTerrainReplaced(bool resetCamera = true);
+    enum class TerrainOnOpen { TakeTracks, Keep, Remove };
+    TerrainOnOpen DecideTerrainOnOpen(const TrackDocument& opened);
+    void KeepSculptSettingsInRange();
+    // Stores the heights as the newest undo step and marks the terrain changed.
+    void PushUndo();
+    // Brings the view's mesh in line with heights changed inside `changed`: those points, the face
+    // normals and block bounds around them, or the whole mesh when the whole grid changed.
+    void RefreshMesh(const GridRect& changed);
+    void CopyTerrainToTrack();
+    void PlaceCameraAtStart();
+    // The terrain was replaced, removed or restyled: rebuild the mesh, put the camera back if asked,
+    // reload textures, redraw, refresh the window.
+    void ShowTerrain(bool resetCamera);
+    // Only the same grid restyled: textures, tilings and water.
+    TerrainApplyResult RestyleTerrain(const TerrainSettingsValues& values);
 
+    Shell* dialogs_;
+    ViewNotifications& notify_;
+    Document document_;
+    ViewState view_;
+    AppSettings settings_;
+    // Snapshots of the heights before each edit, and the program's own copy of an area's heights.
+    UndoHistory undo_;
+    AreaClipboard clipboard_;
     std::string programFolder_;
 };
 

@@ -1,7 +1,8 @@
 #pragma once
-// The one seam between the editor and the person using it: every message box, question, file
-// dialog, ask dialog, redraw request and window refresh goes through a Shell. The main window
-// implements it with real widgets; tests implement it with a scripted double.
+// The editor's conversations with the person using it: every message box, question, file dialog,
+// colour dialog, ask dialog, progress report and hand-over to another program goes through a
+// Shell. The main window's dialogs implement it with widgets; tests implement it with a scripted
+// double. What the view shows is told apart, through ViewNotifications.
 
 #include <optional>
 #include <string>
@@ -53,13 +54,16 @@ public:
 
     // Starts a program without waiting for it; false when it could not be started.
     virtual bool StartDetached(const std::string& program, const std::vector<std::string>& arguments) = 0;
-    // Opens a local document with the desktop's handler for it.
+    // Opens a local document with the desktop's handler for it; false when none could.
     virtual bool OpenWithDesktop(const std::string& path) = 0;
 
-    // The terrain's texture paths may have changed: the view uploads them again.
-    virtual void ReloadTextures() = 0;
-    // Asks the view for a new frame.
-    virtual void RenderScene() = 0;
-    // Caption, menu enabling and the recent-files menu.
-    virtual void UpdateUI() = 0;
+    // Progress of long work (exports, big imports), one piece of work at a time: Begin names it and
+    // says how many steps it has, the work reports its step count as it goes and asks between steps
+    // whether the user pressed Cancel; End closes the report, cancelled or not. A report may stay
+    // hidden while the work is short.
+    virtual void BeginProgress(const std::string& caption, int maximum) = 0;
+    virtual void SetProgress(int value) = 0;
+    virtual void StepProgress() = 0; // one step on from the last value
+    virtual bool ProgressCancelled() = 0;
+    virtual void EndProgress() = 0;
 };

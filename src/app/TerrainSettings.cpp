@@ -1,6 +1,5 @@
 #include "TerrainSettings.h"
 
-#include "Editor.h"
 #include "PathUtil.h"
 #include "TexturePath.h"
 
@@ -44,48 +43,6 @@ int SliderValue(float value, SliderRange range) {
 
 bool UsableSize(int columns, int rows) {
     return columns >= 1 && rows >= 1;
-}
-
-// The values a kept grid shows to the user; a change of any of them is a change worth saving.
-auto Appearance(const TerrainData& t) {
-    return std::make_tuple(t.groundTexture, t.groundTiling, t.detailTexture, t.detailTiling, t.waterEnabled,
-                           t.waterTexture, t.waterTiling, t.reflection);
-}
-
-void StoreTexturesAndWater(TerrainModel& terrain, const TerrainSettingsValues& values) {
-    terrain.groundTexture = values.groundTexture;
-    terrain.groundTiling = static_cast<float>(values.groundRepeats);
-    terrain.detailTexture = values.detailTexture;
-    terrain.detailTiling = static_cast<float>(values.detailRepeats);
-    terrain.waterEnabled = values.waterEnabled;
-    if (values.waterEnabled) {
-        terrain.waterTexture = values.waterTexture;
-        terrain.waterTiling = static_cast<float>(values.waterRepeats);
-        terrain.reflection = static_cast<std::uint8_t>(std::clamp(values.reflection, 0, 255));
-    } else {
-        terrain.waterTexture.clear();
-        terrain.waterTiling = 1.0f;
-        terrain.reflection = 0;
-    }
-}
-
-void StartNewGrid(Editor& editor, GridSize size) {
-    NewTerrainGrid(editor.terrain, size.columns, size.rows);
-}
-
-// Shows the "Invalid Texture" message when a path that is filled in is absolute. An empty water
-// path does not count, nor any water path while the water is off.
-bool TexturesAcceptable(Shell& shell, const TerrainSettingsValues& values) {
-    std::string lines;
-    const auto check = [&lines](const std::string& path, const char* which) {
-        if (!path.empty() && !IsRelativeTexturePath(path)) lines += InvalidTextureLine(which);
-    };
-    check(values.groundTexture, "Ground");
-    check(values.detailTexture, "Detail");
-    if (values.waterEnabled) check(values.waterTexture, "Water");
-    if (lines.empty()) return true;
-    shell.ShowMessage(lines + "\n" + kTextureFolderRule, kInvalidTextureTitle, MessageIcon::Exclamation);
-    return false;
 }
 
 } // namespace
@@ -186,43 +143,45 @@ std::string SpacingText(int points) {
     return std::string(buffer, result.ptr);
 }
 
-bool Editor::NewTerrain() {
-    if (!terrain.terrainPresent) return true;
-    if (shell.Ask("Warning!  This will completely remove the current terrain structure!\n"
-                  "Are you sure you wish to continue?",
-                  "Warning!", Buttons::YesNo, MessageIcon::Question, Answer::No) != Answer::Yes)
-        return false;
-    terrain.terrainPresent = false;
-    undo.Reset();
-    // As with deleting: an open track would lose its terrain when saved.
-    terrain.terrainChanged = terrain.trackPresent;
-    AfterTerrainReplaced();
-    return true;
+bool SameAppearance(const TerrainData& a, const TerrainData& b) {
+    const auto looks = [](const TerrainData& t) {
+        return std::tie(t.groundTexture, t.groundTiling, t.detailTexture, t.detailTiling, t.waterEnabled,
+                        t.waterTexture, t.waterTiling, t.reflection);
+    };
+    return looks(a) == looks(b);
 }
 
-TerrainApplyResult Editor::ApplyTerrainSettings(const TerrainSettingsValues& values) {
-    if (!TexturesAcceptable(shell, values)) return TerrainApplyResult::InvalidTexture;
-    const GridSize size = RequestedTerrainSize(values, terrain);
-    bool newGrid = !terrain.terrainPresent;
-    if (terrain.terrainPresent && !(size == GridSize{terrain.columns, terrain.rows})) {
-        const Answer answer =
-            shell.Ask("Terrain structure specified is different than terrain in editor.\n"
-                      "Clear the current terrain in the editor?",
-                      "Warning!", Buttons::YesNoCancel, MessageIcon::Question, Answer::Cancel);
-        if (answer != Answer::Yes && answer != Answer::No) return TerrainApplyResult::Cancelled;
-        newGrid = answer == Answer::Yes;
+void StoreTexturesAndWater(TerrainData& terrain, const TerrainSettingsValues& values) {
+    terrain.groundTexture = values.groundTexture;
+    terrain.groundTiling = static_cast<float>(values.groundRepeats);
+    terrain.detailTexture = values.detailTexture;
+    terrain.detailTiling = static_cast<float>(values.detailRepeats);
+    terrain.waterEnabled = values.waterEnabled;
+    if (values.waterEnabled) {
+        terrain.waterTexture = values.waterTexture;
+        terrain.waterTiling = static_cast<float>(values.waterRepeats);
+        terrain.reflection = static_cast<std::uint8_t>(std::clamp(values.reflection, 0, 255));
+    } else {
+        terrain.waterTexture.clear();
+        terrain.waterTiling = 1.0f;
+        terrain.reflection = 0;
     }
-    const auto before = Appearance(terrain);
-    StoreTexturesAndWater(terrain, values);
-    if (newGrid) {
-        StartNewGrid(*this, size);
-        undo.Reset();
-    }
-    terrain.terrainPresent = true;
+}
+
+void DefaultEmptyTextures(TerrainData& terrain) {
     if (terrain.groundTexture.empty()) terrain.groundTexture = kDefaultGroundTexture;
     // Without water the path stays empty: the terrain record then carries no water texture.
     if (terrain.waterEnabled && terrain.waterTexture.empty()) terrain.waterTexture = kDefaultWaterTexture;
-    if (!newGrid && Appearance(terrain) != before) terrain.terrainChanged = true;
-    AfterTerrainReplaced(newGrid);
-    return newGrid ? TerrainApplyResult::NewGrid : TerrainApplyResult::SameGrid;
+}
+
+std::string InvalidTextureMessage(const TerrainSettingsValues& values) {
+    // An empty path does not count, nor any water path while the water is off.
+    std::string lines;
+    const auto check = [&lines](const std::string& path, const char* which) {
+        if (!path.empty() && !IsRelativeTexturePath(path)) lines += InvalidTextureLine(which);
+    };
+    check(values.groundTexture, "Ground");
+    check(values.detailTexture, "Detail");
+    if (values.waterEnabled) check(values.waterTexture, "Water");
+    return lines.empty() ? lines : lines + "\n" + kTextureFolderRule;
 }

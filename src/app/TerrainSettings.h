@@ -1,8 +1,8 @@
 #pragma once
 // The terrain settings without their dialog: the preset table, the slider ranges, the size a
-// confirm asks for, texture path checks and the values the dialog hands to
-// Editor::ApplyTerrainSettings. Texture paths are relative to the program folder and keep their
-// backslashes ("teratextures\GrassTerrain.jpg"), as the simulator reads them.
+// confirm asks for, texture path checks, the values the dialog hands to
+// Editor::ApplyTerrainSettings and how they are stored into a terrain. Texture paths are relative to the
+// program folder and keep their backslashes ("teratextures\GrassTerrain.jpg"), as the simulator reads them.
 
 #include "TerrainModel.h"
 
@@ -104,6 +104,19 @@ inline constexpr const char* kInvalidTextureTitle = "Invalid Texture";
 
 // The line of that message naming one texture ("Ground", "Detail", "Water"), ending in a line break.
 std::string InvalidTextureLine(const char* which);
+
+// The "Invalid Texture" message for the filled-in paths that are absolute (the water path only with
+// the water on); empty when every path is acceptable.
+std::string InvalidTextureMessage(const TerrainSettingsValues& values);
+
+// The textures, tilings, water switch and reflection of values; without water the water texture is
+// emptied, its tiling 1 and the reflection 0.
+void StoreTexturesAndWater(TerrainData& terrain, const TerrainSettingsValues& values);
+// An empty ground path takes the default ground texture, an empty water path (with the water on)
+// the default water texture; an empty detail path stays empty (no detail texture).
+void DefaultEmptyTextures(TerrainData& terrain);
+// Whether two terrains show the same textures, tilings, water and reflection.
+bool SameAppearance(const TerrainData& a, const TerrainData& b);
 
 // The spacing of a custom side in metres, with two decimals: 1024 / points.
 std::string SpacingText(int points);

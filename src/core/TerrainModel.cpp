@@ -46,7 +46,7 @@ void ApplyTerrainDefaults(TerrainData& terrain) {
     if (!(terrain.waterTiling >= 1.0f)) terrain.waterTiling = kDefaultWaterTiling;
 }
 
-void NewTerrainGrid(TerrainModel& model, int columns, int rows) {
+void NewTerrainGrid(TerrainData& model, int columns, int rows) {
     columns = std::clamp(columns, 1, kMaxGridSide);
     rows = std::clamp(rows, 1, kMaxGridSide);
     model.columns = columns;
@@ -59,8 +59,6 @@ void NewTerrainGrid(TerrainModel& model, int columns, int rows) {
         model.waterTiling = 1.0f;
         model.reflection = 0;
     }
-    model.terrainChanged = false;
-    model.terrainPresent = true;
 }
 
 int GridIndexUnder(float position, float spacing) {

@@ -111,6 +111,5 @@ void ApplyTerrainDefaults(TerrainData& terrain);
 
 // Creates a fresh grid of columns x rows for a new structure: spacings 1024 / count, every height
 // 1.0 with water and 0.0 without; without water the water texture is emptied, its tiling becomes
-// 1.0 and the reflection 0. Marks the terrain present and clears terrainChanged. Resetting the undo history
-// is the caller's part.
-void NewTerrainGrid(TerrainModel& model, int columns, int rows);
+// 1.0 and the reflection 0. The scene flags and the undo history are the editor's part.
+void NewTerrainGrid(TerrainData& terrain, int columns, int rows);

@@ -3,9 +3,14 @@
 #include "frmAskLoad.h"
 
 #include <QColorDialog>
+#include <QCoreApplication>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QProcess>
+#include <QProgressDialog>
 #include <QStringList>
+#include <QUrl>
 
 QString FromFileText(const std::string& text) { return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())); }
 
@@ -113,4 +118,53 @@ std::optional<ByteColour> WidgetShell::ShowColourDialog(const ByteColour& initia
     const QColor chosen = QColorDialog::getColor(QColor(initial.r, initial.g, initial.b), owner_);
     if (!chosen.isValid()) return std::nullopt;
     return ByteColour{chosen.red(), chosen.green(), chosen.blue()};
+}
+
+bool WidgetShell::StartDetached(const std::string& program, const std::vector<std::string>& arguments) {
+    QStringList list;
+    for (const std::string& argument : arguments)
+        list << FromFileText(argument);
+    return QProcess::startDetached(FromFileText(program), list);
+}
+
+bool WidgetShell::OpenWithDesktop(const std::string& path) {
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(FromFileText(path)));
+}
+
+WidgetShell::~WidgetShell() {
+    EndProgress();
+}
+
+void WidgetShell::BeginProgress(const std::string& caption, int maximum) {
+    EndProgress();
+    progress_ = new QProgressDialog(FromFileText(caption), "Cancel", 0, maximum, owner_);
+    progress_->setObjectName("dlgProgress");
+    progress_->setWindowTitle(QCoreApplication::applicationName());
+    progress_->setWindowModality(Qt::WindowModal);
+    progress_->setMinimumDuration(kProgressDelayMs);
+    // Ended by EndProgress, not by reaching the maximum: the work may report its last step early.
+    progress_->setAutoClose(false);
+    progress_->setAutoReset(false);
+    progress_->setValue(0);
+}
+
+void WidgetShell::SetProgress(int value) {
+    // A modal progress dialog handles pending events here, so Cancel is seen.
+    if (progress_) progress_->setValue(value);
+}
+
+void WidgetShell::StepProgress() {
+    if (progress_) SetProgress(progress_->value() + 1);
+}
+
+bool WidgetShell::ProgressCancelled() {
+    if (!progress_) return false;
+    QCoreApplication::processEvents();
+    return progress_ && progress_->wasCanceled();
+}
+
+void WidgetShell::EndProgress() {
+    if (!progress_) return;
+    progress_->close();
+    delete progress_;
 }

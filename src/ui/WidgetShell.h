@@ -1,17 +1,22 @@
 #pragma once
-// The Shell's conversations with the user, done with real widgets: message boxes, file dialogs,
-// the ask dialogs. The main window forwards its Shell calls for these here unless a test has put a
-// scripted shell in their place.
+// The Shell done with real widgets: message boxes, file and colour dialogs, the ask dialogs, a
+// modal progress dialog with Cancel, and handing programs and documents to the desktop. The main
+// window gives it to the Editor unless a test has put a scripted shell in its place.
 
 #include "Shell.h"
 
+#include <QPointer>
 #include <QString>
 
+class QProgressDialog;
 class QWidget;
 
 class WidgetShell : public Shell {
 public:
     explicit WidgetShell(QWidget* owner) : owner_(owner) {}
+    ~WidgetShell() override;
+    WidgetShell(const WidgetShell&) = delete;
+    WidgetShell& operator=(const WidgetShell&) = delete;
 
     void ShowMessage(const std::string& text, const std::string& title, MessageIcon icon) override;
     Answer Ask(const std::string& text, const std::string& title, Buttons buttons, MessageIcon icon,
@@ -21,15 +26,21 @@ public:
     AskResult AskDialog(AskKind kind) override;
     std::optional<ByteColour> ShowColourDialog(const ByteColour& initial) override;
 
-    // The main window does these itself; a WidgetShell never receives them.
-    bool StartDetached(const std::string&, const std::vector<std::string>&) override { return false; }
-    bool OpenWithDesktop(const std::string&) override { return false; }
-    void ReloadTextures() override {}
-    void RenderScene() override {}
-    void UpdateUI() override {}
+    bool StartDetached(const std::string& program, const std::vector<std::string>& arguments) override;
+    bool OpenWithDesktop(const std::string& path) override;
+
+    // A QProgressDialog owned by the owner window, modal, shown only once the work has lasted
+    // kProgressDelayMs (short work shows nothing).
+    void BeginProgress(const std::string& caption, int maximum) override;
+    void SetProgress(int value) override;
+    void StepProgress() override;
+    bool ProgressCancelled() override;
+    void EndProgress() override;
+    static constexpr int kProgressDelayMs = 400;
 
 private:
     QWidget* owner_;
+    QPointer<QProgressDialog> progress_;
 };
 
 // Converts a filter of the form "Description|*.a;*.b|Other|*.c" into Qt's

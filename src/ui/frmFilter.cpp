@@ -178,7 +178,7 @@ void frmFilter::btnMain_Click(int index) {
     if (index == 0) {
         const FilterMatrix matrix = Matrix();
         if (matrix.factor == 0) {
-            editor_.shell.ShowMessage(
+            editor_.Dialogs().ShowMessage(
                 "The matrix factor cannot be 0: the filtered heights are divided by it.\n"
                 "Type a factor other than 0, or change the matrix.",
                 "Warning", MessageIcon::Exclamation);

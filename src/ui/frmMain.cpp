@@ -6,11 +6,8 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
-#include <QProcess>
-#include <QUrl>
 
 QString ProgramFolder() {
     QString folder = qEnvironmentVariable("LANDWRIGHT_HOME");
@@ -20,8 +17,7 @@ QString ProgramFolder() {
 }
 
 frmMain::frmMain(const QString& programFolder, QWidget* parent)
-    : QMainWindow(parent), editor_(*this, ToFileText(programFolder)), widgets_(this),
-      interaction_(&widgets_) {
+    : QMainWindow(parent), widgets_(this), editor_(widgets_, *this, ToFileText(programFolder)) {
     setObjectName("frmMain");
     InstallQtPictureDecoder();
     view = new pbOpenGL(this);
@@ -60,13 +56,11 @@ bool frmMain::Startup(const QString& commandLine) {
     if (!isVisible()) show();
     QApplication::processEvents();
     if (!view->ContextReady()) {
-        ShowMessage("Error - Could Not Initialize OpenGL Render Context!", "OpenGL Error",
-                    MessageIcon::Critical);
+        editor_.Dialogs().ShowMessage("Error - Could Not Initialize OpenGL Render Context!", "OpenGL Error",
+                                      MessageIcon::Critical);
         return false;
     }
     ready_ = true;
-    editor_.terrain.terrainPresent = false;
-    editor_.terrain.trackPresent = false;
     editor_.ResetView();
     UpdateUI();
 
@@ -93,42 +87,6 @@ void frmMain::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
-void frmMain::ShowMessage(const std::string& text, const std::string& title, MessageIcon icon) {
-    interaction_->ShowMessage(text, title, icon);
-}
-
-Answer frmMain::Ask(const std::string& text, const std::string& title, Buttons buttons, MessageIcon icon,
-                    Answer defaultAnswer) {
-    return interaction_->Ask(text, title, buttons, icon, defaultAnswer);
-}
-
-std::optional<std::string> frmMain::ShowOpenDialog(const FileDialogOptions& options) {
-    return interaction_->ShowOpenDialog(options);
-}
-
-std::optional<std::string> frmMain::ShowSaveDialog(const FileDialogOptions& options) {
-    return interaction_->ShowSaveDialog(options);
-}
-
-AskResult frmMain::AskDialog(AskKind kind) {
-    return interaction_->AskDialog(kind);
-}
-
-std::optional<ByteColour> frmMain::ShowColourDialog(const ByteColour& initial) {
-    return interaction_->ShowColourDialog(initial);
-}
-
-bool frmMain::StartDetached(const std::string& program, const std::vector<std::string>& arguments) {
-    QStringList list;
-    for (const std::string& argument : arguments)
-        list << FromFileText(argument);
-    return QProcess::startDetached(FromFileText(program), list);
-}
-
-bool frmMain::OpenWithDesktop(const std::string& path) {
-    return QDesktopServices::openUrl(QUrl::fromLocalFile(FromFileText(path)));
-}
-
 void frmMain::ReloadTextures() {
     view->RequestTextureReload();
 }
@@ -140,5 +98,4 @@ void frmMain::RenderScene() {
 void frmMain::ResetCamera() {
     editor_.ResetView();
     UpdatePositionLabels();
-    RenderScene();
 }

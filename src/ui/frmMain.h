@@ -1,10 +1,10 @@
 #pragma once
-// The main window: menus, the 3D view and the status of the editing session. It is the Shell of
-// the Editor: message boxes and dialogs go through a WidgetShell (or a test's scripted shell),
-// redraws and window refreshes are done here.
+// The main window: menus, the 3D view and the status of the editing session. It receives the
+// Editor's view notifications (redraws, texture reloads, window refreshes); the Editor's message
+// boxes and dialogs go through a WidgetShell (or a test's scripted shell).
 
 #include "Editor.h"
-#include "Shell.h"
+#include "ViewNotifications.h"
 #include "WidgetShell.h"
 
 #include <QMainWindow>
@@ -23,7 +23,7 @@ class QToolButton;
 class frmSplash;
 class pbOpenGL;
 
-class frmMain : public QMainWindow, public Shell {
+class frmMain : public QMainWindow, public ViewNotifications {
     Q_OBJECT
 public:
     // programFolder: where settings, textures, help and the simulator are looked for.
@@ -38,19 +38,11 @@ public:
     bool Startup(const QString& commandLine);
     bool Ready() const { return ready_; }
 
-    // Tests put a scripted shell here to answer messages, questions and dialogs.
-    void SetInteraction(Shell* interaction) { interaction_ = interaction ? interaction : &widgets_; }
+    // Tests put a scripted shell here to answer messages, questions and dialogs; null puts the
+    // window's own dialogs back.
+    void SetInteraction(Shell* interaction) { editor_.SetDialogs(interaction ? *interaction : widgets_); }
 
-    // Shell
-    void ShowMessage(const std::string& text, const std::string& title, MessageIcon icon) override;
-    Answer Ask(const std::string& text, const std::string& title, Buttons buttons, MessageIcon icon,
-               Answer defaultAnswer) override;
-    std::optional<std::string> ShowOpenDialog(const FileDialogOptions& options) override;
-    std::optional<std::string> ShowSaveDialog(const FileDialogOptions& options) override;
-    AskResult AskDialog(AskKind kind) override;
-    std::optional<ByteColour> ShowColourDialog(const ByteColour& initial) override;
-    bool StartDetached(const std::string& program, const std::vector<std::string>& arguments) override;
-    bool OpenWithDesktop(const std::string& path) override;
+    // ViewNotifications
     void ReloadTextures() override;
     void RenderScene() override;
     void UpdateUI() override;
@@ -193,16 +185,15 @@ private:
     void RecentrePointer();
     bool HandleViewKey(QEvent* event);
     bool HandleViewMouse(QEvent* event);
-    QAction* AddViewSwitch(QMenu* menu, const char* name, const QString& text, bool AppSettings::*field);
+    QAction* AddViewSwitch(QMenu* menu, const char* name, const QString& text, ViewSwitch which);
     void SyncViewSwitches();
     void SetSplashStatus(const QString& text);
 
-    Editor editor_;
     WidgetShell widgets_;
-    Shell* interaction_;
+    Editor editor_;
     frmSplash* splash_ = nullptr;
     bool ready_ = false;
-    std::vector<std::pair<QAction*, bool AppSettings::*>> viewSwitches_;
+    std::vector<std::pair<QAction*, ViewSwitch>> viewSwitches_;
     std::set<int> keyState_;        // Qt key codes held down
     std::set<int> pressedOnce_;     // Space and Enter presses not yet acted on
     Qt::MouseButtons mouseButtons_; // buttons held in the view

@@ -191,8 +191,7 @@ void frmMain::BuildSculptBar() {
 }
 
 void frmMain::SyncSculptControls() {
-    const AppSettings& s = editor_.settings;
-    const int radius = s.sculptSize;
+    const int radius = editor_.Settings().sculptSize;
     const int sizeIndex = radius <= 5 ? radius : 6;
     const auto mode = static_cast<std::size_t>(editor_.CurrentSculptMode());
     mnuSculptTool[static_cast<std::size_t>(editor_.CurrentSculptTool())]->setChecked(true);

@@ -74,42 +74,37 @@ void frmMain::BuildTerrainMenu() {
     connect(mnuRemoveTrack, &QAction::triggered, this, &frmMain::mnuRemoveTrack_Click);
 }
 
-QAction* frmMain::AddViewSwitch(QMenu* menu, const char* name, const QString& text,
-                                bool AppSettings::*field) {
+QAction* frmMain::AddViewSwitch(QMenu* menu, const char* name, const QString& text, ViewSwitch which) {
     QAction* action = AddEntry(menu, name, text);
     action->setCheckable(true);
-    connect(action, &QAction::toggled, this, [this, field](bool on) {
-        editor_.settings.*field = on;
-        RenderScene();
-    });
-    viewSwitches_.emplace_back(action, field);
+    connect(action, &QAction::toggled, this, [this, which](bool on) { editor_.SetViewSwitch(which, on); });
+    viewSwitches_.emplace_back(action, which);
     return action;
 }
 
 void frmMain::BuildViewMenu() {
     QMenu* menu = menuBar()->addMenu("&View");
     menu->setObjectName("mnuView");
-    mnuViewTerrain = AddViewSwitch(menu, "mnuViewTerrain", "&Terrain", &AppSettings::viewTerrain);
-    mnuViewWater = AddViewSwitch(menu, "mnuViewWater", "&Water", &AppSettings::viewWater);
-    mnuViewTextures = AddViewSwitch(menu, "mnuViewTextures", "Te&xtures", &AppSettings::viewTextures);
-    mnuViewSkybox = AddViewSwitch(menu, "mnuViewSkybox", "S&kybox", &AppSettings::viewSkybox);
+    mnuViewTerrain = AddViewSwitch(menu, "mnuViewTerrain", "&Terrain", ViewSwitch::Terrain);
+    mnuViewWater = AddViewSwitch(menu, "mnuViewWater", "&Water", ViewSwitch::Water);
+    mnuViewTextures = AddViewSwitch(menu, "mnuViewTextures", "Te&xtures", ViewSwitch::Textures);
+    mnuViewSkybox = AddViewSwitch(menu, "mnuViewSkybox", "S&kybox", ViewSwitch::Skybox);
     menu->addSeparator();
-    mnuViewTrack = AddViewSwitch(menu, "mnuViewTrack", "Tr&ack", &AppSettings::viewTrack);
-    mnuViewSupports = AddViewSwitch(menu, "mnuViewSupports", "&Supports", &AppSettings::viewSupports);
-    mnuViewGuidelines = AddViewSwitch(menu, "mnuViewGuidelines", "&Guidelines", &AppSettings::viewGuidelines);
-    mnuViewTrees = AddViewSwitch(menu, "mnuViewTrees", "T&rees", &AppSettings::viewTrees);
+    mnuViewTrack = AddViewSwitch(menu, "mnuViewTrack", "Tr&ack", ViewSwitch::Track);
+    mnuViewSupports = AddViewSwitch(menu, "mnuViewSupports", "&Supports", ViewSwitch::Supports);
+    mnuViewGuidelines = AddViewSwitch(menu, "mnuViewGuidelines", "&Guidelines", ViewSwitch::Guidelines);
+    mnuViewTrees = AddViewSwitch(menu, "mnuViewTrees", "T&rees", ViewSwitch::Trees);
     menu->addSeparator();
     mnuClipTerrain =
-        AddViewSwitch(menu, "mnuClipTerrain", "&Clip Terrain to CV Scene Area", &AppSettings::clipTerrain);
-    mnuStayAbove = AddViewSwitch(menu, "mnuStayAbove", "Keep Camera &Above Ground", &AppSettings::stayAbove);
+        AddViewSwitch(menu, "mnuClipTerrain", "&Clip Terrain to CV Scene Area", ViewSwitch::ClipTerrain);
+    mnuStayAbove = AddViewSwitch(menu, "mnuStayAbove", "Keep Camera &Above Ground", ViewSwitch::StayAbove);
     menu->addSeparator();
     mnuResetCamera = AddEntry(menu, "mnuResetCamera", "&Reset Camera");
     connect(mnuResetCamera, &QAction::triggered, this, &frmMain::ResetCamera);
     mnuMoveCursorIntoView = AddEntry(menu, "mnuMoveCursorIntoView", "&Move Cursor Into View");
     connect(mnuMoveCursorIntoView, &QAction::triggered, this, [this] {
-        MoveCursorIntoView(editor_.cursor, editor_.camera, editor_.terrain.spacingX);
+        editor_.MoveCursorIntoView();
         UpdatePositionLabels();
-        RenderScene();
     });
 }
 
@@ -126,15 +121,15 @@ void frmMain::BuildHelpMenu() {
 }
 
 void frmMain::SyncViewSwitches() {
-    for (const auto& [action, field] : viewSwitches_) {
+    for (const auto& [action, which] : viewSwitches_) {
         const QSignalBlocker quiet(action);
-        action->setChecked(editor_.settings.*field);
+        action->setChecked(editor_.ViewSwitchOn(which));
     }
 }
 
 void frmMain::UpdateUI() {
     setWindowTitle(FromFileText(editor_.Caption()));
-    const TerrainModel& t = editor_.terrain;
+    const TerrainModel& t = editor_.Terrain();
     mnuSave->setEnabled(t.trackPresent);
     mnuSaveAs->setEnabled(t.trackPresent);
     mnuRideTrack->setEnabled(t.trackPresent);
@@ -144,10 +139,10 @@ void frmMain::UpdateUI() {
     mnuTerrainSettings->setEnabled(t.terrainPresent);
     bool anyRecent = false;
     for (std::size_t i = 0; i < mnuRecent.size(); ++i) {
-        const std::string& path = editor_.settings.recentPaths[i];
+        const std::string& path = editor_.Settings().recentPaths[i];
         mnuRecent[i]->setVisible(!path.empty());
         mnuRecent[i]->setText(
-            QString("&%1 %2").arg(i + 1).arg(FromFileText(editor_.settings.recentTitles[i])));
+            QString("&%1 %2").arg(i + 1).arg(FromFileText(editor_.Settings().recentTitles[i])));
         mnuRecent[i]->setToolTip(FromFileText(path));
         anyRecent = anyRecent || !path.empty();
     }
@@ -162,7 +157,7 @@ void frmMain::mnuOpen_Click() {
 }
 
 void frmMain::mnuRecent_Click(int index) {
-    const std::string path = editor_.settings.recentPaths[static_cast<std::size_t>(index)];
+    const std::string path = editor_.Settings().recentPaths[static_cast<std::size_t>(index)];
     if (!path.empty()) editor_.OpenTrack(path);
 }
 
@@ -170,7 +165,7 @@ void frmMain::mnuClearRecent_Click() {
     editor_.ClearRecentFiles();
 }
 void frmMain::mnuSave_Click() {
-    editor_.SaveTrack(editor_.terrain.trackFilePath);
+    editor_.SaveTrack(editor_.Terrain().trackFilePath);
 }
 void frmMain::mnuSaveAs_Click() {
     editor_.SaveTrackAs();
@@ -199,10 +194,7 @@ void frmMain::mnuTerrainSettings_Click() {
 
 void frmMain::mnuOptions_Click() {
     frmOptions dialog(editor_, this);
-    if (dialog.exec() == QDialog::Accepted) {
-        RenderScene();
-        UpdateUI();
-    }
+    dialog.exec();
 }
 
 void frmMain::mnuKeyboardShortcuts_Click() {

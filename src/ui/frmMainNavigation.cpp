@@ -16,8 +16,6 @@
 #include <QTimer>
 #include <QToolBar>
 
-#include <cmath>
-
 namespace {
 
 // A tick every 20 ms: at the base speed of one unit per tick the camera flies 50 units a second and
@@ -84,8 +82,8 @@ void frmMain::SetTerrainMode(bool on) {
 
 void frmMain::UpdatePositionLabels() {
     editor_.UpdateCursorHeight();
-    const CameraState& c = editor_.camera;
-    const CursorState& k = editor_.cursor;
+    const CameraState& c = editor_.Camera();
+    const CursorState& k = editor_.Cursor();
     const float camera[3] = {c.x, c.y, c.z};
     const float cursor[3] = {k.x, k.y, k.z};
     for (std::size_t i = 0; i < 3; ++i) {
@@ -136,18 +134,15 @@ void frmMain::KeyboardTick() {
     keys.shift = held(Qt::Key_Shift);
     keys.control = held(Qt::Key_Control);
     keys.extraFast = held(Qt::Key_B);
-    const std::optional<SceneGround> ground = editor_.Ground();
-    KeyboardStep(editor_.camera, keys, ground ? &*ground : nullptr, editor_.settings.stayAbove);
+    editor_.FlyByKeys(keys);
     // Space and Enter act once per press.
     if (pressedOnce_.erase(Qt::Key_Space)) SetTerrainMode(!TerrainMode());
-    if (pressedOnce_.erase(Qt::Key_Return) + pressedOnce_.erase(Qt::Key_Enter) > 0 &&
-        editor_.terrain.terrainPresent)
-        MoveCursorIntoView(editor_.cursor, editor_.camera, editor_.terrain.spacingX);
+    if (pressedOnce_.erase(Qt::Key_Return) + pressedOnce_.erase(Qt::Key_Enter) > 0)
+        editor_.MoveCursorIntoView();
     keyState_.erase(Qt::Key_Space);
     keyState_.erase(Qt::Key_Return);
     keyState_.erase(Qt::Key_Enter);
     UpdatePositionLabels();
-    RenderScene();
     if (keyState_.empty() && pressedOnce_.empty()) tmrKeyboard->stop();
 }
 
@@ -201,23 +196,15 @@ void frmMain::ViewMouseDelta(int dx, int dy) {
         return;
     }
     if (TerrainMode()) {
-        if (!editor_.terrain.terrainPresent) return;
         // Right in the view moves the cursor to the camera's right, up moves it away from the camera.
-        const double yaw = editor_.camera.yaw * 0.0174532925;
-        const double right = dx * kCursorUnitsPerPixel;
-        const double ahead = -dy * kCursorUnitsPerPixel;
-        const float high = 512.0f - editor_.terrain.spacingX;
-        CursorState& cursor = editor_.cursor;
-        cursor.x = std::clamp(static_cast<float>(cursor.x + right * std::cos(yaw) - ahead * std::sin(yaw)),
-                              -512.0f, high);
-        cursor.z = std::clamp(static_cast<float>(cursor.z - right * std::sin(yaw) - ahead * std::cos(yaw)),
-                              -512.0f, high);
+        editor_.DragCursor(static_cast<float>(dx) * kCursorUnitsPerPixel,
+                           static_cast<float>(-dy) * kCursorUnitsPerPixel);
     } else {
-        editor_.camera.yaw -= static_cast<float>(dx) * kLookDegreesPerPixel;
-        editor_.camera.pitch -= static_cast<float>(dy) * kLookDegreesPerPixel; // pointer up looks up
+        // Pointer right turns right, pointer up looks up.
+        editor_.TurnCamera(static_cast<float>(-dx) * kLookDegreesPerPixel,
+                           static_cast<float>(-dy) * kLookDegreesPerPixel);
     }
     UpdatePositionLabels();
-    RenderScene();
 }
 
 void frmMain::ViewMouseRelease(Qt::MouseButtons remaining) {
@@ -240,12 +227,8 @@ void frmMain::MouseMoveTick() {
     modifiers.control = held & Qt::ControlModifier;
     modifiers.extraFast = keyState_.count(Qt::Key_B) > 0;
     const float s = MovementSpeed(modifiers);
-    MoveAlongView(editor_.camera, mouseDirection_ == 1 ? s : -s);
-    const std::optional<SceneGround> ground = editor_.Ground();
-    ClampToScene(editor_.camera, ground ? ground->spacingX : 0.0f);
-    if (ground && editor_.settings.stayAbove) ApplyGroundRule(editor_.camera, *ground);
+    editor_.FlyAlongView(mouseDirection_ == 1 ? s : -s);
     UpdatePositionLabels();
-    RenderScene();
 }
 
 void frmMain::CaptureMouse() {

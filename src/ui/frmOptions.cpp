@@ -1,5 +1,5 @@
-#include "DialogButtons.h"
 #include "frmOptions.h"
+#include "DialogButtons.h"
 
 #include "Editor.h"
 #include "OptionsMath.h"
@@ -238,7 +238,7 @@ QGroupBox* frmOptions::BuildColourGroup(const QString& title, int first, int las
 }
 
 void frmOptions::LoadControls() {
-    const AppSettings& settings = editor_.settings;
+    const AppSettings& settings = editor_.Settings();
     CheckIndex(optAskLoadTrackTerrain, settings.askLoadTrackTerrain);
     CheckIndex(OptAskLoadNoTerrain, settings.askLoadNoTerrain);
     CheckIndex(optAskImport, settings.askImportOverwrite);
@@ -291,7 +291,7 @@ bool frmOptions::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmOptions::lblColors_Click(std::size_t index) {
-    if (const auto chosen = editor_.shell.ShowColourDialog(swatch_[index])) SetSwatch(index, *chosen);
+    if (const auto chosen = editor_.Dialogs().ShowColourDialog(swatch_[index])) SetSwatch(index, *chosen);
 }
 
 void frmOptions::hsWaterTrans_Change(int value) {
@@ -299,7 +299,7 @@ void frmOptions::hsWaterTrans_Change(int value) {
 }
 
 void frmOptions::btnOkay_Click() {
-    AppSettings& settings = editor_.settings;
+    AppSettings settings = editor_.Settings();
     settings.askLoadTrackTerrain = CheckedIndex(optAskLoadTrackTerrain, settings.askLoadTrackTerrain);
     settings.askLoadNoTerrain = CheckedIndex(OptAskLoadNoTerrain, settings.askLoadNoTerrain);
     settings.askImportOverwrite = CheckedIndex(optAskImport, settings.askImportOverwrite);
@@ -311,7 +311,7 @@ void frmOptions::btnOkay_Click() {
     settings.noLights = chkNoLights->isChecked();
     for (std::size_t i = 0; i < swatch_.size(); ++i)
         settings.colorTable[i] = SwatchToColour(swatch_[i]);
-    DeriveShadedColours(settings);
+    editor_.ApplySettings(settings);
     // A failed write is reported by the editor; the values stay in effect for this run either way.
     editor_.SaveSettings();
     accept();

@@ -61,7 +61,7 @@ frmTeraSettings::frmTeraSettings(Editor& editor, QWidget* parent) : QDialog(pare
     layout->addLayout(columns);
     layout->addLayout(BuildButtonRow());
 
-    ShowValues(SettingsFromTerrain(editor_.terrain));
+    ShowValues(SettingsFromTerrain(editor_.Terrain()));
 }
 
 QGroupBox* frmTeraSettings::BuildStructureFrame() {
@@ -277,7 +277,7 @@ void frmTeraSettings::btnTexture_Click(QLineEdit* box, const char* which, std::s
     options.defaultExtension = "jpg";
     options.folder = editor_.ProgramFolder() + "teratextures";
     options.mustExist = true;
-    const std::optional<std::string> chosen = editor_.shell.ShowOpenDialog(options);
+    const std::optional<std::string> chosen = editor_.Dialogs().ShowOpenDialog(options);
     if (!chosen || chosen->empty()) return;
     if (const auto stored = StoredTexturePath(*chosen, editor_.ProgramFolder())) {
         box->setText(FromFileText(*stored));
@@ -285,8 +285,8 @@ void frmTeraSettings::btnTexture_Click(QLineEdit* box, const char* which, std::s
     }
     // Shown as chosen, in red, so the user sees which file was refused.
     box->setText(FromFileText(*chosen));
-    editor_.shell.ShowMessage(InvalidTextureLine(which) + "\n" + kTextureFolderRule, kInvalidTextureTitle,
-                              MessageIcon::Exclamation);
+    editor_.Dialogs().ShowMessage(InvalidTextureLine(which) + "\n" + kTextureFolderRule, kInvalidTextureTitle,
+                                  MessageIcon::Exclamation);
 }
 
 void frmTeraSettings::txtTexture_Change(QLineEdit* box) {
@@ -319,14 +319,14 @@ void frmTeraSettings::btnCustomEdit_Click() {
     int columns = lblCustomX->text().toInt();
     int rows = lblCustomZ->text().toInt();
     if (columns < 1 || rows < 1) {
-        columns = editor_.terrain.columns;
-        rows = editor_.terrain.rows;
+        columns = editor_.Terrain().columns;
+        rows = editor_.Terrain().rows;
     }
     frmTeraCustom custom(columns, rows, this);
     if (custom.exec() != QDialog::Accepted) return;
     lblCustomX->setNum(custom.Columns());
     lblCustomZ->setNum(custom.Rows());
-    if (custom.Columns() != editor_.terrain.columns || custom.Rows() != editor_.terrain.rows)
+    if (custom.Columns() != editor_.Terrain().columns || custom.Rows() != editor_.Terrain().rows)
         customSizeChosen_ = true;
     // Picking a size means wanting it: the custom structure is selected with it.
     optTeraStruct[3]->setChecked(true);

@@ -46,11 +46,11 @@ int main(int argc, char** argv) {
     if (!window.Startup(line.track)) return 1;
     if (!line.camera.isEmpty()) {
         const QStringList parts = line.camera.split(',');
-        CameraState& camera = window.Session().camera;
+        CameraState camera = window.Session().Camera();
         float* fields[5] = {&camera.x, &camera.y, &camera.z, &camera.pitch, &camera.yaw};
         for (qsizetype i = 0; i < parts.size() && i < 5; ++i) *fields[i] = parts[i].toFloat();
+        window.Session().SetCamera(camera);
         window.UpdatePositionLabels();
-        window.RenderScene();
     }
 
     if (!line.screenshot.isEmpty()) {

@@ -96,6 +96,15 @@ void ResetCamera(CameraState& camera, const SceneGround* ground) {
     camera.y = std::max(GroundHeight(*ground, column, row) + kGroundClearance, kGroundClearance);
 }
 
+void DragCursor(CursorState& cursor, const CameraState& camera, float right, float ahead, float spacingX) {
+    const double yaw = camera.yaw * kDegreesToRadians;
+    const float high = kSceneHalf - spacingX;
+    const double x = cursor.x + right * std::cos(yaw) - ahead * std::sin(yaw);
+    const double z = cursor.z - right * std::sin(yaw) - ahead * std::cos(yaw);
+    cursor.x = std::clamp(static_cast<float>(x), -kSceneHalf, high);
+    cursor.z = std::clamp(static_cast<float>(z), -kSceneHalf, high);
+}
+
 void MoveCursorIntoView(CursorState& cursor, const CameraState& camera, float spacingX) {
     const double yaw = camera.yaw * kDegreesToRadians;
     const float high = kSceneHalf - spacingX;

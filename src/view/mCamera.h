@@ -68,6 +68,10 @@ void ApplyGroundRule(CameraState& camera, const SceneGround& ground);
 // with no terrain).
 void ResetCamera(CameraState& camera, const SceneGround* ground);
 
+// Drags the cursor right units to the camera's right and ahead units away from it (along the
+// ground, whatever the pitch), clamped like the camera.
+void DragCursor(CursorState& cursor, const CameraState& camera, float right, float ahead, float spacingX);
+
 // Puts the cursor 50 units ahead of the camera, clamped like the camera.
 void MoveCursorIntoView(CursorState& cursor, const CameraState& camera, float spacingX);
 

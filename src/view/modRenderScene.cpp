@@ -20,7 +20,7 @@ void Line(const Vector3& a, const Vector3& b) {
 // The height of the grid point nearest (x, z), or 0 without terrain (the point clamped into the
 // grid, so that damaged positions never read outside it).
 float GroundUnder(const Editor& editor, float x, float z) {
-    const TerrainModel& t = editor.terrain;
+    const TerrainModel& t = editor.Terrain();
     if (!t.terrainPresent || t.heights.Empty()) return 0.0f;
     const int column = std::clamp(GridIndexUnder(x, t.spacingX), 0, t.heights.Columns() - 1);
     const int row = std::clamp(GridIndexUnder(z, t.spacingZ), 0, t.heights.Rows() - 1);
@@ -29,11 +29,12 @@ float GroundUnder(const Editor& editor, float x, float z) {
 
 // Segment types 0..4 take their colour from the table at base + type, others the fallback.
 RgbColour TypeColour(const Editor& editor, int type, int base, RgbColour fallback) {
-    return type >= 0 && type <= 4 ? editor.settings.colorTable[static_cast<std::size_t>(base + type)] : fallback;
+    return type >= 0 && type <= 4 ? editor.Settings().colorTable[static_cast<std::size_t>(base + type)]
+                                  : fallback;
 }
 
 std::optional<Vector3> NodePosition(const Editor& editor, const NodeRef& node) {
-    const TrackDocument& doc = editor.track;
+    const TrackDocument& doc = editor.Track();
     auto entry = static_cast<std::size_t>(node.entry);
     if (node.entry < 0) return std::nullopt;
     switch (node.kind) {
@@ -51,7 +52,7 @@ std::optional<Vector3> NodePosition(const Editor& editor, const NodeRef& node) {
         if (static_cast<std::size_t>(node.item) >= group.size()) return std::nullopt;
         const RailConnector& c = group[static_cast<std::size_t>(node.item)];
         Vector3 at;
-        if (!RailConnectorPosition(editor.spine, c.stretch, c.parameter, at)) return std::nullopt;
+        if (!RailConnectorPosition(editor.Spine(), c.stretch, c.parameter, at)) return std::nullopt;
         return at;
     }
     default: return std::nullopt;
@@ -83,12 +84,12 @@ void RenderScene(const Editor& editor, const GLViewState& state, const RenderOpt
     glColor3f(1.0f, 1.0f, 1.0f);
     glEnable(GL_COLOR_MATERIAL);
     glColorMaterial(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE);
-    ApplyLighting(!editor.settings.noLights);
-    ApplyCameraTransform(editor.camera, false);
+    ApplyLighting(!editor.Settings().noLights);
+    ApplyCameraTransform(editor.Camera(), false);
     const GLfloat light[] = {1.0f, 1.0f, 0.0f, 0.0f}; // directional, fixed in the world
     glLightfv(GL_LIGHT0, GL_POSITION, light);
-    const TerrainModel& t = editor.terrain;
-    const AppSettings& s = editor.settings;
+    const TerrainModel& t = editor.Terrain();
+    const AppSettings& s = editor.Settings();
     if (t.terrainPresent) {
         if (s.viewTerrain) DrawTerrain(editor, state, options);
         if (s.viewWater) DrawWater(editor, state, options);
@@ -104,13 +105,13 @@ void RenderScene(const Editor& editor, const GLViewState& state, const RenderOpt
 }
 
 void DrawTrees(const Editor& editor) {
-    const CameraState& camera = editor.camera;
+    const CameraState& camera = editor.Camera();
     ApplyCameraRotation(camera);
     glLineWidth(1.0f);
     glNormal3f(0.0f, 1.0f, 0.0f);
-    SetColour(editor.settings.colorTable[6]);
+    SetColour(editor.Settings().colorTable[6]);
     glBegin(GL_LINES);
-    for (const SceneEntry& tree : editor.track.scene.entries) {
+    for (const SceneEntry& tree : editor.Track().scene.entries) {
         const float x = tree.position[0] - camera.x;
         const float z = tree.position[2] - camera.z;
         const float y = GroundUnder(editor, tree.position[0], tree.position[2]) - camera.y;
@@ -126,12 +127,12 @@ void DrawTrees(const Editor& editor) {
 }
 
 void DrawSupports(const Editor& editor, const GLViewState& state) {
-    ApplyCameraTransform(editor.camera, true);
+    ApplyCameraTransform(editor.Camera(), true);
     glLineWidth(1.0f);
-    const RgbColour colour = editor.settings.colorTable[5];
+    const RgbColour colour = editor.Settings().colorTable[5];
     SetColour(colour);
     glBegin(GL_LINES);
-    for (const Tube& tube : editor.track.tubes.tubes) {
+    for (const Tube& tube : editor.Track().tubes.tubes) {
         const auto a = NodePosition(editor, tube.nodeA);
         const auto b = NodePosition(editor, tube.nodeB);
         if (a && b) Line(*a, *b); // a tube with a missing node is left out
@@ -144,22 +145,22 @@ void DrawSupports(const Editor& editor, const GLViewState& state) {
         DrawSphere(state, 0.4, colour.r, colour.g, colour.b);
         glPopMatrix();
     };
-    for (const Footer& footer : editor.track.footers.footers) sphereAt(footer.position);
-    for (const FreeNode& node : editor.track.freeNodes.nodes) sphereAt(node.position);
+    for (const Footer& footer : editor.Track().footers.footers) sphereAt(footer.position);
+    for (const FreeNode& node : editor.Track().freeNodes.nodes) sphereAt(node.position);
 }
 
 void DrawGuidelines(const Editor& editor) {
-    ApplyCameraTransform(editor.camera, true);
+    ApplyCameraTransform(editor.Camera(), true);
     glBegin(GL_LINES);
     int lastType = -1000;
-    for (const TracedStretch& stretch : editor.spine.segments) {
+    for (const TracedStretch& stretch : editor.Spine().segments) {
         for (const TracedPoint& point : stretch.points) {
             if (point.segmentType != lastType) {
                 lastType = point.segmentType;
                 SetColour(TypeColour(editor, lastType, 11, {0.5f, 0.5f, 0.5f}));
             }
             Vector3 top;
-            GuidelineTop(top, point, editor.spine.style);
+            GuidelineTop(top, point, editor.Spine().style);
             Line(top, {top.x, 0.0f, top.z});
         }
     }
@@ -167,9 +168,9 @@ void DrawGuidelines(const Editor& editor) {
 }
 
 void DrawTrack(const Editor& editor) {
-    const std::vector<DrawnPoint>& points = editor.spine.drawnPoints;
+    const std::vector<DrawnPoint>& points = editor.Spine().drawnPoints;
     if (points.size() < 2) return;
-    ApplyCameraTransform(editor.camera, true);
+    ApplyCameraTransform(editor.Camera(), true);
     glBegin(GL_LINES);
     int lastType = -1000;
     for (std::size_t i = 1; i < points.size(); ++i) {
@@ -187,23 +188,23 @@ void DrawTrack(const Editor& editor) {
             lastType = points[i].segmentType;
             SetColour(TypeColour(editor, lastType, 11, {0.5f, 0.5f, 0.5f}));
         }
-        DrawCrossPiece(points[i], editor.spine.style);
+        DrawCrossPiece(points[i], editor.Spine().style);
     }
     glEnd();
 }
 
 void DrawCursor(const Editor& editor, const GLViewState& state) {
-    const TerrainModel& t = editor.terrain;
+    const TerrainModel& t = editor.Terrain();
     if (t.heights.Empty()) return;
-    const CameraState& camera = editor.camera;
-    const int cc = std::clamp(GridIndexUnder(editor.cursor.x, t.spacingX), 0, t.heights.Columns() - 1);
-    const int cr = std::clamp(GridIndexUnder(editor.cursor.z, t.spacingZ), 0, t.heights.Rows() - 1);
+    const CameraState& camera = editor.Camera();
+    const int cc = std::clamp(GridIndexUnder(editor.Cursor().x, t.spacingX), 0, t.heights.Columns() - 1);
+    const int cr = std::clamp(GridIndexUnder(editor.Cursor().z, t.spacingZ), 0, t.heights.Rows() - 1);
     const float cursorY = t.heights.At(cr, cc);
-    const RgbColour marker = editor.settings.colorTable[8];
+    const RgbColour marker = editor.Settings().colorTable[8];
     ApplyCameraRotation(camera);
     // The marker floats one unit above the ground at the centre of the cell.
-    glTranslatef(editor.cursor.x - camera.x + 0.5f * t.spacingX, cursorY + 1.0f - camera.y,
-                 editor.cursor.z - camera.z + 0.5f * t.spacingZ);
+    glTranslatef(editor.Cursor().x - camera.x + 0.5f * t.spacingX, cursorY + 1.0f - camera.y,
+                 editor.Cursor().z - camera.z + 0.5f * t.spacingZ);
     DrawSphere(state, 1.0, marker.r, marker.g, marker.b);
     glBegin(GL_LINES);
     Line({-1024.0f, 0.0f, 0.0f}, {1024.0f, 0.0f, 0.0f});
@@ -211,9 +212,9 @@ void DrawCursor(const Editor& editor, const GLViewState& state) {
     Line({0.0f, 0.0f, -1024.0f}, {0.0f, 0.0f, 1024.0f});
     glEnd();
     ApplyCameraTransform(camera, false);
-    const RgbColour brush = editor.settings.colorTable[7];
-    const int s = editor.settings.sculptSize;
-    const bool onWater = editor.settings.viewWater && t.waterEnabled;
+    const RgbColour brush = editor.Settings().colorTable[7];
+    const int s = editor.Settings().sculptSize;
+    const bool onWater = editor.Settings().viewWater && t.waterEnabled;
     for (int row = std::max(cr - s, 0); row <= std::min(cr + s, t.heights.Rows() - 1); ++row)
         for (int column = std::max(cc - s, 0); column <= std::min(cc + s, t.heights.Columns() - 1); ++column) {
             const float x = t.spacingX * static_cast<float>(column) + 0.5f * t.spacingX * static_cast<float>(1 - t.heights.Columns());

@@ -237,25 +237,25 @@ void SendWaterArrays(const RenderMesh& mesh, const std::vector<BlockPart>& parts
 } // namespace
 
 void DrawTerrain(const Editor& editor, const GLViewState& state, const RenderOptions& options) {
-    const RenderMesh& mesh = editor.mesh;
+    const RenderMesh& mesh = editor.Mesh();
     if (mesh.Empty()) return;
-    const AppSettings& settings = editor.settings;
+    const AppSettings& settings = editor.Settings();
     GroundLook look;
     look.textured = settings.viewTextures && state.terrainTexture != 0;
     look.lit = !settings.noLights;
     look.plain = look.textured ? RgbColour{1.0f, 1.0f, 1.0f} : settings.colorTable[9];
     look.highlight = settings.colorTable[7];
-    look.brush = BrushCells(editor.terrain, editor.cursor.x, editor.cursor.z, settings.sculptSize);
+    look.brush = BrushCells(editor.Terrain(), editor.Cursor().x, editor.Cursor().z, settings.sculptSize);
     if (look.textured) {
         glEnable(GL_TEXTURE_2D);
         glBindTexture(GL_TEXTURE_2D, state.terrainTexture);
     }
     SetColour(look.plain);
-    ApplyCameraTransform(editor.camera, false);
-    const CellRange range = DrawnCells(editor.terrain, settings.clipTerrain);
+    ApplyCameraTransform(editor.Camera(), false);
+    const CellRange range = DrawnCells(editor.Terrain(), settings.clipTerrain);
     if (options.cullBlocks) {
         std::vector<BlockPart> parts = VisibleParts(mesh, range);
-        NearestFirst(mesh, editor.camera, parts);
+        NearestFirst(mesh, editor.Camera(), parts);
         SendGroundArrays(mesh, parts, range, look);
         // Filling the ground's pixels is most of a frame's work. Handing the last piece over now
         // lets the rasteriser fill it while the water, trees and track are sent.
@@ -268,9 +268,9 @@ void DrawTerrain(const Editor& editor, const GLViewState& state, const RenderOpt
 }
 
 void DrawWater(const Editor& editor, const GLViewState& state, const RenderOptions& options) {
-    const RenderMesh& mesh = editor.mesh;
-    if (!editor.terrain.waterEnabled || mesh.Empty()) return;
-    const AppSettings& settings = editor.settings;
+    const RenderMesh& mesh = editor.Mesh();
+    if (!editor.Terrain().waterEnabled || mesh.Empty()) return;
+    const AppSettings& settings = editor.Settings();
     const bool textured = settings.viewTextures && state.waterTexture != 0;
     const float alpha = settings.useWaterTrans ? settings.waterTrans : 1.0f;
     if (textured) {
@@ -281,9 +281,9 @@ void DrawWater(const Editor& editor, const GLViewState& state, const RenderOptio
         SetColour(settings.colorTable[10], alpha);
     }
     if (settings.useWaterTrans) glEnable(GL_BLEND);
-    ApplyCameraTransform(editor.camera, false);
+    ApplyCameraTransform(editor.Camera(), false);
     glNormal3f(0.0f, 1.0f, 0.0f);
-    const CellRange range = DrawnCells(editor.terrain, settings.clipTerrain);
+    const CellRange range = DrawnCells(editor.Terrain(), settings.clipTerrain);
     if (options.cullBlocks)
         SendWaterArrays(mesh, VisibleParts(mesh, range), textured);
     else

@@ -49,8 +49,8 @@ void pbOpenGL::resizeGL(int width, int height) {
 
 void pbOpenGL::LoadTextures() {
     texturesStale_ = false;
-    if (!editor_ || !editor_->terrain.terrainPresent) return;
-    const TerrainModel& t = editor_->terrain;
+    if (!editor_ || !editor_->Terrain().terrainPresent) return;
+    const TerrainModel& t = editor_->Terrain();
     LoadTerrainTexture(state_, editor_->ProgramFolder(), t.groundTexture);
     if (t.waterEnabled) LoadWaterTexture(state_, editor_->ProgramFolder(), t.waterTexture);
 }

@@ -4,31 +4,43 @@
 
 namespace {
 
-// A 16 x 16 terrain with a different height at every point; spacing 64, so grid point (c, r)
-// stands at x = 64 c - 480 and the cursor on it snaps back to (c, r).
+// A track opened with a 16 x 16 terrain with a different height at every point; spacing 64, so
+// grid point (c, r) stands at x = 64 c - 480 and the cursor on it snaps back to (c, r).
 class EditCommandsTest : public EditorTest {
 protected:
+    std::string path;
+
     void SetUp() override {
         EditorTest::SetUp();
-        NewTerrainGrid(editor.terrain, 16, 16);
-        for (int r = 0; r < 16; ++r)
-            for (int c = 0; c < 16; ++c)
-                editor.terrain.heights.At(r, c) = static_cast<float>(5 + (c * 7 + r * 3) % 11);
-        editor.mesh.Build(editor.terrain);
+        OpenWithTerrain(false);
         PutCursorOn(8, 8);
     }
 
+    void OpenWithTerrain(bool water) {
+        TrackDocument doc = MakeSampleTrack(16, 16);
+        TerrainData& t = doc.terrain.terrain;
+        t.waterEnabled = water;
+        for (int r = 0; r < 16; ++r)
+            for (int c = 0; c < 16; ++c)
+                t.heights.At(r, c) = static_cast<float>(5 + (c * 7 + r * 3) % 11);
+        path = folder.File("edit.cvtrack");
+        ASSERT_TRUE(WriteTrackFile(path, doc));
+        ChangeSettings([](AppSettings& s) { s.askLoadTrackTerrain = 1; }); // take the track's terrain
+        editor.OpenTrack(path);
+        ASSERT_TRUE(editor.CanEditTerrain() && !editor.Terrain().terrainChanged);
+    }
+
     void PutCursorOn(int column, int row) {
-        editor.cursor.x = 64.0f * static_cast<float>(column) - 512.0f;
-        editor.cursor.z = 64.0f * static_cast<float>(row) - 512.0f;
+        editor.MoveCursorTo(64.0f * static_cast<float>(column) - 512.0f,
+                            64.0f * static_cast<float>(row) - 512.0f);
     }
 
     // The mesh the view draws must hold the same heights as the terrain.
     void ExpectMeshMatchesHeights() const {
-        const HeightGrid& h = editor.terrain.heights;
+        const HeightGrid& h = editor.Terrain().heights;
         for (int r = 0; r < h.Rows(); ++r)
             for (int c = 0; c < h.Columns(); ++c)
-                ASSERT_EQ(editor.mesh.Vertex(c, r).y, h.At(r, c)) << "point " << c << ", " << r;
+                ASSERT_EQ(editor.Mesh().Vertex(c, r).y, h.At(r, c)) << "point " << c << ", " << r;
     }
 };
 
@@ -45,36 +57,37 @@ TEST_F(EditCommandsTest, EveryAreaCommandStoresOneUndoStepAndUndoAndRedoSwapTheG
     };
     for (const auto& [name, command] : commands) {
         SCOPED_TRACE(name);
-        const HeightGrid before = editor.terrain.heights;
-        const int steps = editor.undo.UndoCount(), renders = shell.renders, updates = shell.uiUpdates;
-        editor.terrain.terrainChanged = false;
+        const HeightGrid before = editor.Terrain().heights;
+        const int steps = editor.History().UndoCount(), renders = shell.renders, updates = shell.uiUpdates;
+        ASSERT_TRUE(editor.SaveTrack(path));
         (editor.*command)();
-        EXPECT_EQ(editor.undo.UndoCount(), steps + 1);
-        EXPECT_NE(editor.terrain.heights, before) << "changed nothing";
-        EXPECT_TRUE(editor.terrain.terrainChanged);
+        EXPECT_EQ(editor.History().UndoCount(), steps + 1);
+        EXPECT_NE(editor.Terrain().heights, before) << "changed nothing";
+        EXPECT_TRUE(editor.Terrain().terrainChanged);
         EXPECT_TRUE(shell.renders > renders && shell.uiUpdates > updates);
         ExpectMeshMatchesHeights();
-        const HeightGrid edited = editor.terrain.heights;
-        editor.terrain.terrainChanged = false; // as if saved
+        const HeightGrid edited = editor.Terrain().heights;
+        ASSERT_TRUE(editor.SaveTrack(path));
         editor.Undo();
-        EXPECT_EQ(editor.terrain.heights, before);
-        EXPECT_TRUE(editor.terrain.terrainChanged) << "the terrain now differs from the saved file";
+        EXPECT_EQ(editor.Terrain().heights, before);
+        EXPECT_TRUE(editor.Terrain().terrainChanged) << "the terrain now differs from the saved file";
         ExpectMeshMatchesHeights();
-        editor.terrain.terrainChanged = false;
-        const int redos = editor.undo.RedoCount();
+        ASSERT_TRUE(editor.SaveTrack(path));
+        const int redos = editor.History().RedoCount();
         editor.Redo();
-        EXPECT_EQ(editor.terrain.heights, edited);
-        EXPECT_TRUE(editor.terrain.terrainChanged);
-        EXPECT_EQ(editor.undo.RedoCount(), redos - 1);
+        EXPECT_EQ(editor.Terrain().heights, edited);
+        EXPECT_TRUE(editor.Terrain().terrainChanged);
+        EXPECT_EQ(editor.History().RedoCount(), redos - 1);
         ExpectMeshMatchesHeights();
         editor.Undo();
-        EXPECT_EQ(editor.terrain.heights, before);
+        EXPECT_EQ(editor.Terrain().heights, before);
     }
 }
 
 TEST_F(EditCommandsTest, WithoutATerrainNoCommandActsOrStoresAStep) {
-    ClearTerrain(editor.terrain);
-    editor.mesh.Clear();
+    shell.answers = {Answer::Yes};
+    editor.DeleteTerrain();
+    ASSERT_TRUE(editor.SaveTrack(path));
     // Reset would ask first if it acted.
     for (void (Editor::*command)() :
          {&Editor::FlipArea, &Editor::MirrorArea, &Editor::InvertArea, &Editor::FlattenArea,
@@ -83,67 +96,67 @@ TEST_F(EditCommandsTest, WithoutATerrainNoCommandActsOrStoresAStep) {
     editor.AdjustHeights(5.0f, AdjustMode::Raise);
     editor.FilterTerrain(PresetMatrix(0), false);
     editor.StrokeMove(-10);
-    EXPECT_EQ(editor.undo.UndoCount(), 0);
-    EXPECT_FALSE(editor.terrain.terrainChanged || editor.CanPaste() || editor.CanUndo());
+    EXPECT_EQ(editor.History().UndoCount(), 0);
+    EXPECT_FALSE(editor.Terrain().terrainChanged || editor.CanPaste() || editor.CanUndo());
 }
 
 TEST_F(EditCommandsTest, AStrokeIsOneUndoStepHoweverLongTheDrag) {
-    const HeightGrid before = editor.terrain.heights;
-    editor.settings.sculptMode = 1; // absolute: every move adds its full delta
-    editor.settings.sculptSize = 1;
+    const HeightGrid before = editor.Terrain().heights;
+    editor.SetSculptMode(SculptMode::Absolute); // every move adds its full delta
+    editor.SetSculptSize(1);
     editor.BeginStroke();
     for (int i = 0; i < 30; ++i) {
         editor.StrokeMove(-2); // the pointer moves up: the terrain rises 0.2 a move
         ExpectMeshMatchesHeights();
     }
     editor.StrokeMove(0); // no vertical movement does nothing
-    EXPECT_EQ(editor.undo.UndoCount(), 1);
-    EXPECT_NEAR(editor.terrain.heights.At(8, 8), before.At(8, 8) + 6.0f, 1e-3);
-    EXPECT_EQ(editor.terrain.heights.At(8, 10), before.At(8, 10)) << "outside the small brush";
-    EXPECT_TRUE(editor.terrain.terrainChanged);
+    EXPECT_EQ(editor.History().UndoCount(), 1);
+    EXPECT_NEAR(editor.Terrain().heights.At(8, 8), before.At(8, 8) + 6.0f, 1e-3);
+    EXPECT_EQ(editor.Terrain().heights.At(8, 10), before.At(8, 10)) << "outside the small brush";
+    EXPECT_TRUE(editor.Terrain().terrainChanged);
     editor.Undo();
-    EXPECT_EQ(editor.terrain.heights, before);
+    EXPECT_EQ(editor.Terrain().heights, before);
 }
 
 TEST_F(EditCommandsTest, CopyStoresNoStepAndPasteWritesTheBlockAtTheCursor) {
     EXPECT_FALSE(editor.CanPaste());
-    editor.settings.sculptSize = 2;
+    editor.SetSculptSize(2);
     editor.CopyArea();
-    EXPECT_EQ(editor.undo.UndoCount(), 0);
+    EXPECT_EQ(editor.History().UndoCount(), 0);
     EXPECT_TRUE(editor.CanPaste());
-    const HeightGrid source = editor.terrain.heights;
+    const HeightGrid source = editor.Terrain().heights;
     PutCursorOn(4, 11);
-    editor.settings.sculptSize = 5; // the block keeps the size it was copied with
+    editor.SetSculptSize(5); // the block keeps the size it was copied with
     editor.PasteArea();
-    EXPECT_EQ(editor.undo.UndoCount(), 1);
+    EXPECT_EQ(editor.History().UndoCount(), 1);
     for (int dz = -2; dz <= 2; ++dz)
         for (int dx = -2; dx <= 2; ++dx)
-            EXPECT_EQ(editor.terrain.heights.At(11 + dz, 4 + dx), source.At(8 + dz, 8 + dx));
-    EXPECT_EQ(editor.terrain.heights.At(11, 7), source.At(11, 7)) << "beyond the 5 x 5 block";
+            EXPECT_EQ(editor.Terrain().heights.At(11 + dz, 4 + dx), source.At(8 + dz, 8 + dx));
+    EXPECT_EQ(editor.Terrain().heights.At(11, 7), source.At(11, 7)) << "beyond the 5 x 5 block";
     ExpectMeshMatchesHeights();
 }
 
 TEST_F(EditCommandsTest, ResetOnlyAfterAYesAndAdjustAndFilterWorkOnTheWholeGridButNotWithAZeroFactor) {
-    editor.terrain.waterEnabled = true;
-    const HeightGrid before = editor.terrain.heights;
+    OpenWithTerrain(true);
+    const HeightGrid before = editor.Terrain().heights;
     shell.answers = {Answer::No, Answer::Cancel, Answer::Yes};
     for (int refusal = 0; refusal < 2; ++refusal) {
         editor.ResetTerrain();
-        EXPECT_EQ(editor.terrain.heights, before);
-        EXPECT_EQ(editor.undo.UndoCount(), 0) << "a refused reset stores no step";
+        EXPECT_EQ(editor.Terrain().heights, before);
+        EXPECT_EQ(editor.History().UndoCount(), 0) << "a refused reset stores no step";
     }
     editor.ResetTerrain();
     EXPECT_EQ(shell.questions.size(), 3u);
-    EXPECT_EQ(editor.terrain.heights, HeightGrid(16, 16, 0.5f)) << "the ground level with water";
+    EXPECT_EQ(editor.Terrain().heights, HeightGrid(16, 16, 0.5f)) << "the ground level with water";
     ExpectMeshMatchesHeights();
     editor.AdjustHeights(200.0f, AdjustMode::Lower);
-    EXPECT_EQ(editor.terrain.heights, HeightGrid(16, 16, -10.0f));
+    EXPECT_EQ(editor.Terrain().heights, HeightGrid(16, 16, -10.0f));
     editor.AdjustHeights(3.0f, AdjustMode::Set);
     FilterMatrix zero = PresetMatrix(3);
     zero.factor = 0;
     editor.FilterTerrain(zero, false);
-    EXPECT_EQ(editor.undo.UndoCount(), 3) << "no step for a filter that cannot run";
+    EXPECT_EQ(editor.History().UndoCount(), 3) << "no step for a filter that cannot run";
     editor.FilterTerrain(PresetMatrix(3), false); // raise features: 1.5 times
-    EXPECT_EQ(editor.terrain.heights, HeightGrid(16, 16, 4.5f));
+    EXPECT_EQ(editor.Terrain().heights, HeightGrid(16, 16, 4.5f));
     ExpectMeshMatchesHeights();
 }

@@ -8,12 +8,12 @@ TEST_F(EditorTest, OpenWithoutAPathAsksForATrackFileInTheTrackFolderAndCancelCha
     EXPECT_NE(shell.openDialogs[0].filter.find("|*.cvtrack"), std::string::npos);
     EXPECT_EQ(shell.openDialogs[0].folder, editor.ProgramFolder() + "tracks");
     EXPECT_TRUE(shell.messages.empty());
-    EXPECT_FALSE(editor.terrain.trackPresent);
+    EXPECT_FALSE(editor.Terrain().trackPresent);
 }
 
 TEST_F(EditorTest, BadNamesMissingFilesAndBadFilesEachGetTheirWarningAndABadFileDropsTheTrackOnly) {
     editor.OpenTrack(WriteTrack("good.cvtrack", 0));
-    ASSERT_TRUE(editor.terrain.trackPresent);
+    ASSERT_TRUE(editor.Terrain().trackPresent);
     GiveEditorTerrain();
     WriteText(folder.File("bad.cvtrack"), "CRVT not a track");
     const std::pair<std::string, const char*> cases[] = {
@@ -26,23 +26,23 @@ TEST_F(EditorTest, BadNamesMissingFilesAndBadFilesEachGetTheirWarningAndABadFile
         EXPECT_EQ(OnlyMessage().text, message);
         EXPECT_EQ(OnlyMessage().icon, MessageIcon::Exclamation);
     }
-    EXPECT_EQ(editor.settings.recentTitles[0], "good");
-    EXPECT_FALSE(editor.terrain.trackPresent);
-    EXPECT_TRUE(editor.track.bezier.vertices.empty());
-    EXPECT_TRUE(editor.terrain.terrainPresent && editor.terrain.heights.At(0, 0) == 42.0f)
+    EXPECT_EQ(editor.Settings().recentTitles[0], "good");
+    EXPECT_FALSE(editor.Terrain().trackPresent);
+    EXPECT_TRUE(editor.Track().bezier.vertices.empty());
+    EXPECT_TRUE(editor.Terrain().terrainPresent && editor.Terrain().heights.At(0, 0) == 42.0f)
         << "the terrain stays";
 }
 
 TEST_F(EditorTest, WithoutATerrainInTheEditorNothingIsAskedAndTheTracksTerrainIfAnyIsLoaded) {
     editor.OpenTrack(WriteTrack("Flat Ride.CVTRACK", 0));
-    EXPECT_FALSE(editor.terrain.terrainPresent);
+    EXPECT_FALSE(editor.Terrain().terrainPresent);
     EXPECT_EQ(editor.Caption(), "CorvantaLandwright - Flat Ride");
     shell.openChoices.push_back(WriteTrack("hilly.cvtrack", 6));
     editor.OpenTrack("");
     EXPECT_TRUE(shell.askDialogs.empty());
-    EXPECT_TRUE(editor.terrain.trackPresent && editor.terrain.terrainPresent);
-    EXPECT_EQ(editor.terrain.heights, MakeSampleTerrain(6, 6).heights);
-    EXPECT_FALSE(editor.terrain.terrainChanged);
+    EXPECT_TRUE(editor.Terrain().trackPresent && editor.Terrain().terrainPresent);
+    EXPECT_EQ(editor.Terrain().heights, MakeSampleTerrain(6, 6).heights);
+    EXPECT_FALSE(editor.Terrain().terrainChanged);
     EXPECT_EQ(editor.Caption(), "CorvantaLandwright - hilly");
     EXPECT_GE(shell.textureReloads, 1);
 }
@@ -62,24 +62,25 @@ TEST_P(EditorTerrainChoiceTest, FollowsTheSettingOrTheAnswerAndASaveWritesTheTer
     const std::string path = WriteTrack("t.cvtrack", c.trackHasTerrain ? 5 : 0);
     GiveEditorTerrain(3, 41.0f);
     editor.AdjustHeights(1.0f, AdjustMode::Raise);
-    int& setting = c.trackHasTerrain ? editor.settings.askLoadTrackTerrain : editor.settings.askLoadNoTerrain;
-    setting = c.setting;
+    const auto setting =
+        c.trackHasTerrain ? &AppSettings::askLoadTrackTerrain : &AppSettings::askLoadNoTerrain;
+    ChangeSettings([&](AppSettings& s) { s.*setting = c.setting; });
     if (c.answer) shell.askChoices.push_back(*c.answer);
     editor.OpenTrack(path);
     const std::vector<AskKind> asked{c.trackHasTerrain ? AskKind::LoadTrackTerrain : AskKind::LoadNoTerrain};
     EXPECT_EQ(shell.askDialogs, c.answer ? asked : std::vector<AskKind>{});
-    EXPECT_EQ(editor.terrain.terrainPresent ? editor.terrain.columns : 0, c.expectColumns);
-    EXPECT_TRUE(c.expectColumns != 3 || editor.terrain.heights == HeightGrid(3, 3, 42.0f));
-    EXPECT_EQ(editor.undo.CanUndo(), c.expectColumns == 3)
+    EXPECT_EQ(editor.Terrain().terrainPresent ? editor.Terrain().columns : 0, c.expectColumns);
+    EXPECT_TRUE(c.expectColumns != 3 || editor.Terrain().heights == HeightGrid(3, 3, 42.0f));
+    EXPECT_EQ(editor.History().CanUndo(), c.expectColumns == 3)
         << "undo steps go with the terrain they were taken of";
-    EXPECT_EQ(setting, c.expectSettingAfter);
-    EXPECT_TRUE(editor.terrain.trackPresent);
+    EXPECT_EQ(editor.Settings().*setting, c.expectSettingAfter);
+    EXPECT_TRUE(editor.Terrain().trackPresent);
     // Saving writes the terrain the editor ended with into the track, or none.
     ASSERT_TRUE(editor.SaveTrack(path));
     TrackDocument saved;
     ASSERT_TRUE(ReadTrackFile(path, saved));
-    ASSERT_EQ(saved.terrain.terrainInTrack, editor.terrain.terrainPresent);
-    EXPECT_TRUE(!saved.terrain.terrainInTrack || saved.terrain.terrain == editor.terrain);
+    ASSERT_EQ(saved.terrain.terrainInTrack, editor.Terrain().terrainPresent);
+    EXPECT_TRUE(!saved.terrain.terrainInTrack || saved.terrain.terrain == editor.Terrain());
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -101,7 +102,7 @@ TEST_F(EditorTest, TrackFolderTakesAsManyCharactersAsTheFileNameHas) {
     EXPECT_EQ(DerivedTrackFolder("/abcdefg/x.cvtrack"), "/abcdefg/") << "equal lengths give the folder";
     const std::string path = WriteTrack("x.cvtrack", 0);
     editor.OpenTrack(path);
-    EXPECT_EQ(editor.terrain.trackFolder, path.substr(0, std::string("x.cvtrack").size()));
+    EXPECT_EQ(editor.Terrain().trackFolder, path.substr(0, std::string("x.cvtrack").size()));
 }
 
 TEST_F(EditorTest, ATrackWithOneVertexOpensButIsNotPresent) {
@@ -111,7 +112,7 @@ TEST_F(EditorTest, ATrackWithOneVertexOpensButIsNotPresent) {
     ASSERT_TRUE(WriteTrackFile(folder.File("dot.cvtrack"), doc));
     editor.OpenTrack(folder.File("dot.cvtrack"));
     EXPECT_TRUE(shell.messages.empty());
-    EXPECT_FALSE(editor.terrain.trackPresent);
-    EXPECT_EQ(editor.settings.recentTitles[0], "dot");
+    EXPECT_FALSE(editor.Terrain().trackPresent);
+    EXPECT_EQ(editor.Settings().recentTitles[0], "dot");
     EXPECT_EQ(editor.Caption(), "CorvantaLandwright");
 }

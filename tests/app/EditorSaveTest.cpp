@@ -9,13 +9,13 @@ TEST_F(EditorTest, SaveWritesTheEditedTerrainWithTheTrackClearsTheChangeMarkAndK
     const std::string path = WriteTrack("edit.cvtrack", 4);
     editor.OpenTrack(path);
     editor.AdjustHeights(2.5f, AdjustMode::Raise);
-    ASSERT_TRUE(editor.terrain.terrainChanged);
+    ASSERT_TRUE(editor.Terrain().terrainChanged);
     ASSERT_TRUE(editor.SaveTrack(path));
-    EXPECT_FALSE(editor.terrain.terrainChanged);
+    EXPECT_FALSE(editor.Terrain().terrainChanged);
     EXPECT_TRUE(editor.CanUndo()) << "steps survive saving";
     TrackDocument saved;
     ASSERT_TRUE(ReadTrackFile(path, saved));
-    EXPECT_EQ(saved.terrain.terrain, static_cast<const TerrainData&>(editor.terrain));
+    EXPECT_EQ(saved.terrain.terrain, static_cast<const TerrainData&>(editor.Terrain()));
     EXPECT_EQ(saved.bezier.vertices, MakeSampleTrack().bezier.vertices);
 }
 
@@ -23,14 +23,13 @@ TEST_F(EditorTest, AFailedSaveIsReportedAndTheTerrainStaysChanged) {
     const std::string path = WriteTrack("full.cvtrack", 40);
     editor.OpenTrack(path);
     const std::vector<std::uint8_t> before = ReadBytes(path);
-    editor.terrain.heights.At(3, 3) = 7.0f;
-    editor.terrain.terrainChanged = true;
+    EditHeight(3, 3, 7.0f);
     {
         FileSizeLimit limit(1000);
         EXPECT_FALSE(editor.SaveTrack(path));
     }
     EXPECT_EQ(OnlyMessage().icon, MessageIcon::Critical);
-    EXPECT_TRUE(editor.terrain.terrainChanged);
+    EXPECT_TRUE(editor.Terrain().terrainChanged);
     EXPECT_EQ(ReadBytes(path), before);
 }
 
@@ -41,37 +40,39 @@ TEST_F(EditorTest, SaveAsStartsAtTheTrackAndSavesUnderTheNewNameWithItsExtension
     editor.SaveTrackAs();
     ASSERT_EQ(shell.saveDialogs.size(), 1u);
     EXPECT_EQ(shell.saveDialogs[0].fileName, path);
-    EXPECT_EQ(editor.terrain.trackFilePath, folder.File("second.cvtrack"));
+    EXPECT_EQ(editor.Terrain().trackFilePath, folder.File("second.cvtrack"));
     EXPECT_TRUE(fs::exists(folder.File("second.cvtrack")));
     EXPECT_EQ(editor.Caption(), "CorvantaLandwright - second");
-    EXPECT_EQ(editor.settings.recentTitles[0], "second");
+    EXPECT_EQ(editor.Settings().recentTitles[0], "second");
     editor.SaveTrackAs(); // cancelled
-    EXPECT_EQ(editor.terrain.trackFilePath, folder.File("second.cvtrack"));
+    EXPECT_EQ(editor.Terrain().trackFilePath, folder.File("second.cvtrack"));
 }
 
 TEST_F(EditorTest, RecentFilesKeepFiveNewestFirstWithoutDuplicates) {
     for (const char* name : {"a", "b", "c", "d", "e", "f"})
         editor.AddRecentFile(std::string("/t/") + name + ".cvtrack");
     using Five = std::array<std::string, kRecentFileCount>;
-    EXPECT_EQ(editor.settings.recentPaths,
+    EXPECT_EQ(editor.Settings().recentPaths,
               (Five{"/t/f.cvtrack", "/t/e.cvtrack", "/t/d.cvtrack", "/t/c.cvtrack", "/t/b.cvtrack"}));
     editor.AddRecentFile("/T/D.CVTRACK"); // the same file in other letter case moves to the top
-    EXPECT_EQ(editor.settings.recentPaths,
+    EXPECT_EQ(editor.Settings().recentPaths,
               (Five{"/T/D.CVTRACK", "/t/f.cvtrack", "/t/e.cvtrack", "/t/c.cvtrack", "/t/b.cvtrack"}));
-    EXPECT_EQ(editor.settings.recentTitles, (Five{"D", "f", "e", "c", "b"}));
+    EXPECT_EQ(editor.Settings().recentTitles, (Five{"D", "f", "e", "c", "b"}));
     editor.ClearRecentFiles();
-    EXPECT_EQ(editor.settings.recentPaths, Five{});
-    editor.settings.rmbrRecents = false; // then nothing is added, but the menus are updated
+    EXPECT_EQ(editor.Settings().recentPaths, Five{});
+    ChangeSettings(
+        [](AppSettings& s) { s.rmbrRecents = false; }); // then nothing is added, but the menus are updated
     const int updates = shell.uiUpdates;
     editor.AddRecentFile("/t/z.cvtrack");
-    EXPECT_TRUE(editor.settings.recentPaths[0].empty());
+    EXPECT_TRUE(editor.Settings().recentPaths[0].empty());
     EXPECT_EQ(shell.uiUpdates, updates + 1);
 }
 
 TEST_F(EditorTest, ExitAsksOnlyWithUnsavedChangesAndNoKeepsRunning) {
     EXPECT_TRUE(editor.ConfirmClose());
     EXPECT_TRUE(shell.questions.empty());
-    editor.terrain.terrainChanged = true;
+    GiveEditorTerrain();
+    editor.FlipArea();
     shell.answers = {Answer::No, Answer::Yes};
     EXPECT_FALSE(editor.ConfirmClose());
     EXPECT_TRUE(editor.ConfirmClose());
@@ -83,8 +84,7 @@ TEST_F(EditorTest, ExitAsksOnlyWithUnsavedChangesAndNoKeepsRunning) {
 TEST_F(EditorTest, RidingWarnsWithoutARunnableSimulatorElseSavesFirstAndStartsItOnTheTrack) {
     const std::string path = WriteTrack("ride.cvtrack", 4);
     editor.OpenTrack(path);
-    editor.terrain.heights.At(1, 1) = 12.25f;
-    editor.terrain.terrainChanged = true;
+    EditHeight(1, 1, 12.25f);
     const std::vector<std::uint8_t> before = ReadBytes(path);
     WriteText(editor.SimulatorPath(), "#!/bin/sh\n");
     editor.RideTrack();
@@ -96,7 +96,7 @@ TEST_F(EditorTest, RidingWarnsWithoutARunnableSimulatorElseSavesFirstAndStartsIt
     ASSERT_EQ(shell.started.size(), 1u);
     EXPECT_EQ(shell.started[0].program, folder.File("CorvantaSimulator.exe"));
     EXPECT_EQ(shell.started[0].arguments, (std::vector<std::string>{"-s", path}));
-    EXPECT_FALSE(editor.terrain.terrainChanged);
+    EXPECT_FALSE(editor.Terrain().terrainChanged);
     TrackDocument saved;
     ASSERT_TRUE(ReadTrackFile(path, saved));
     EXPECT_EQ(saved.terrain.terrain.heights.At(1, 1), 12.25f);
@@ -109,25 +109,25 @@ TEST_F(EditorTest,
     editor.FlipArea();
     shell.answers = {Answer::No, Answer::Yes, Answer::No, Answer::Yes};
     editor.DeleteTerrain();
-    EXPECT_TRUE(editor.terrain.terrainPresent && editor.CanUndo());
+    EXPECT_TRUE(editor.Terrain().terrainPresent && editor.CanUndo());
     editor.DeleteTerrain();
-    EXPECT_FALSE(editor.terrain.terrainPresent || editor.undo.CanUndo());
-    EXPECT_TRUE(editor.terrain.terrainChanged);
+    EXPECT_FALSE(editor.Terrain().terrainPresent || editor.History().CanUndo());
+    EXPECT_TRUE(editor.Terrain().terrainChanged);
     ASSERT_TRUE(editor.SaveTrack(path));
     TrackDocument saved;
     ASSERT_TRUE(ReadTrackFile(path, saved));
     EXPECT_FALSE(saved.terrain.terrainInTrack);
     editor.RemoveTrackData();
-    EXPECT_TRUE(editor.terrain.trackPresent);
+    EXPECT_TRUE(editor.Terrain().trackPresent);
     editor.RemoveTrackData();
-    EXPECT_FALSE(editor.terrain.trackPresent);
+    EXPECT_FALSE(editor.Terrain().trackPresent);
     EXPECT_EQ(editor.Caption(), "CorvantaLandwright");
     // Without a track nothing is saved.
     GiveEditorTerrain();
-    editor.terrain.terrainChanged = true;
+    editor.FlipArea();
     EXPECT_FALSE(editor.SaveTrack(folder.File("nothing.cvtrack")));
     EXPECT_FALSE(fs::exists(folder.File("nothing.cvtrack")));
-    EXPECT_TRUE(editor.terrain.terrainChanged);
+    EXPECT_TRUE(editor.Terrain().terrainChanged);
     editor.SaveTrackAs();
     EXPECT_TRUE(shell.saveDialogs.empty());
 }

@@ -9,11 +9,13 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 class EditorTest : public ::testing::Test {
 protected:
     ScratchFolder folder;
     ScriptedShell shell;
-    Editor editor{shell, folder.Path().string()};
+    Editor editor{shell, shell, folder.Path().string()};
 
     void SetUp() override { editor.InitPaths(); }
     void TearDown() override { shell.ExpectAllAnswersUsed(); }
@@ -27,10 +29,31 @@ protected:
         return path;
     }
 
-    // Gives the editor a terrain of its own, as if one had been created.
-    void GiveEditorTerrain(int side = 3, float height = 42.0f) {
-        NewTerrainGrid(editor.terrain, side, side);
-        editor.terrain.heights.Fill(height);
+    // Gives the editor a terrain of its own, level at height, as if one had been created.
+    void GiveEditorTerrain(int side = 3, float height = 42.0f, bool water = false) {
+        editor.ReplaceTerrain(
+            [&](TerrainData& t) {
+                t.waterEnabled = water;
+                NewTerrainGrid(t, side, side);
+                t.heights.Fill(height);
+                return true;
+            },
+            {});
+    }
+
+    // Changes the preferences as the options dialog does.
+    void ChangeSettings(const std::function<void(AppSettings&)>& change) {
+        AppSettings settings = editor.Settings();
+        change(settings);
+        editor.ApplySettings(settings);
+    }
+
+    // One height changed by an edit of its own (an undo step, the terrain marked changed).
+    void EditHeight(int row, int column, float height) {
+        ASSERT_TRUE(editor.RunEdit([&](TerrainData& t) {
+            t.heights.At(row, column) = height;
+            return GridRect{column, row, column, row};
+        }));
     }
 
     const ShownMessage& OnlyMessage() const {

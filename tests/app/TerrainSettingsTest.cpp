@@ -86,7 +86,7 @@ TEST_F(EditorTest, ANewGridStandsAtTheGroundLevelWithItsSpacingAndADifferentSize
     values.groundTexture.clear();
     values.detailTexture.clear();
     EXPECT_EQ(editor.ApplyTerrainSettings(values), TerrainApplyResult::NewGrid);
-    const TerrainModel& t = editor.terrain;
+    const TerrainModel& t = editor.Terrain();
     EXPECT_TRUE(shell.questions.empty()) << "no terrain was there to lose";
     EXPECT_EQ(t.heights, HeightGrid(102, 102, 1.0f)) << "the ground level with water";
     EXPECT_FLOAT_EQ(t.spacingX, 1024.0f / 102.0f);
@@ -98,8 +98,8 @@ TEST_F(EditorTest, ANewGridStandsAtTheGroundLevelWithItsSpacingAndADifferentSize
     EXPECT_TRUE(t.terrainPresent && !t.terrainChanged && shell.textureReloads == 1 && shell.renders >= 1);
     EXPECT_EQ(editor.Caption(), "CorvantaLandwright - [Terrain]");
     // Another size asks first: Cancel changes nothing, Yes makes a new grid (here without water).
-    editor.terrain.terrainChanged = true;
-    const TerrainModel before = editor.terrain;
+    editor.FlipArea(); // a change of the level grid that changes no height
+    const TerrainModel before = editor.Terrain();
     shell.answers = {Answer::Cancel, Answer::Yes};
     values = Fresh(TerrainStructure::Custom);
     values.customColumns = 64;
@@ -126,7 +126,7 @@ TEST_F(EditorTest, NoKeepsTheGridAndItsHeightsButAppliesTexturesAndWater) {
     ApplyLandPreset(values, 4);
     ApplySeaPreset(values, 3);
     EXPECT_EQ(editor.ApplyTerrainSettings(values), TerrainApplyResult::SameGrid);
-    const TerrainModel& t = editor.terrain;
+    const TerrainModel& t = editor.Terrain();
     const LandPreset& land = TerrainPresetTable::land[4];
     EXPECT_EQ(t.heights, HeightGrid(3, 3, 42.0f));
     EXPECT_TRUE(t.groundTexture == land.groundTexture &&
@@ -134,13 +134,14 @@ TEST_F(EditorTest, NoKeepsTheGridAndItsHeightsButAppliesTexturesAndWater) {
     EXPECT_TRUE(t.waterEnabled && t.waterTexture == TerrainPresetTable::sea[3].waterTexture);
     EXPECT_TRUE(t.terrainChanged) << "the kept terrain now looks different";
     // The size in the editor asks nothing.
-    EXPECT_EQ(editor.ApplyTerrainSettings(SettingsFromTerrain(editor.terrain)), TerrainApplyResult::SameGrid);
+    EXPECT_EQ(editor.ApplyTerrainSettings(SettingsFromTerrain(editor.Terrain())),
+              TerrainApplyResult::SameGrid);
     EXPECT_EQ(shell.questions.size(), 1u);
 }
 
 TEST_F(EditorTest, AnAbsoluteTexturePathIsRefusedBeforeAnythingIsAskedOrApplied) {
     GiveEditorTerrain(3, 42.0f);
-    const TerrainModel before = editor.terrain;
+    const TerrainModel before = editor.Terrain();
     TerrainSettingsValues values = Fresh(TerrainStructure::Low);
     values.groundTexture = "C:\\textures\\a.jpg";
     values.detailTexture = "\\detail.jpg";
@@ -152,7 +153,7 @@ TEST_F(EditorTest, AnAbsoluteTexturePathIsRefusedBeforeAnythingIsAskedOrApplied)
         0u)
         << text;
     EXPECT_TRUE(shell.questions.empty());
-    EXPECT_EQ(static_cast<const TerrainData&>(editor.terrain), static_cast<const TerrainData&>(before));
+    EXPECT_EQ(static_cast<const TerrainData&>(editor.Terrain()), static_cast<const TerrainData&>(before));
 }
 
 TEST_F(EditorTest, NewTerrainAsksOnlyWhenATerrainIsPresentAndOnlyYesRemovesIt) {
@@ -161,8 +162,8 @@ TEST_F(EditorTest, NewTerrainAsksOnlyWhenATerrainIsPresentAndOnlyYesRemovesIt) {
     GiveEditorTerrain();
     shell.answers = {Answer::No, Answer::Yes};
     EXPECT_FALSE(editor.NewTerrain());
-    EXPECT_TRUE(editor.terrain.terrainPresent);
+    EXPECT_TRUE(editor.Terrain().terrainPresent);
     EXPECT_TRUE(editor.NewTerrain());
-    EXPECT_FALSE(editor.terrain.terrainPresent);
+    EXPECT_FALSE(editor.Terrain().terrainPresent);
     EXPECT_EQ(shell.questions.size(), 2u);
 }

@@ -46,8 +46,8 @@ protected:
     Editor& Session() { return window->Session(); }
     void StartOnDemo() {
         ASSERT_TRUE(window->Startup(QString::fromStdString(DemoTrack())));
-        ASSERT_TRUE(Session().terrain.terrainPresent);
-        Session().cursor = {40.0f, 0.0f, -60.0f}; // in front of the start, on ground to edit
+        ASSERT_TRUE(Session().Terrain().terrainPresent);
+        Session().MoveCursorTo(40.0f, -60.0f); // in front of the start, on ground to edit
         Activate();
     }
 
@@ -77,7 +77,7 @@ template <typename Dialog> class DialogTest : public ::testing::Test {
 protected:
     ScratchFolder folder;
     ScriptedShell shell;
-    Editor editor{shell, folder.Path().string()};
+    Editor editor{shell, shell, folder.Path().string()};
     std::unique_ptr<Dialog> dialog;
 
     void SetUp() override { editor.InitPaths(); }

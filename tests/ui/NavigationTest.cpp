@@ -9,46 +9,49 @@
 TEST_F(MainWindowTest, KeysAndTheMouseFlyAndTurnTheCameraSwitchTheModeAndPlaceTheCursor) {
     StartOnDemo();
     Editor& editor = Session();
-    const CameraState start = editor.camera;
+    const CameraState start = editor.Camera();
     QTest::keyPress(window->view, Qt::Key_W);
     EXPECT_TRUE(window->tmrKeyboard->isActive());
-    EXPECT_NEAR(editor.camera.z, start.z - 1.0f, 1e-4) << "a press moves one step at once";
-    WaitFor([&] { return editor.camera.z < start.z - 5.0f; }, 3000);
+    EXPECT_NEAR(editor.Camera().z, start.z - 1.0f, 1e-4) << "a press moves one step at once";
+    WaitFor([&] { return editor.Camera().z < start.z - 5.0f; }, 3000);
     QTest::keyRelease(window->view, Qt::Key_W);
-    EXPECT_LT(editor.camera.z, start.z - 5.0f) << "holding W keeps flying forward";
+    EXPECT_LT(editor.Camera().z, start.z - 5.0f) << "holding W keeps flying forward";
     EXPECT_TRUE(WaitFor([&] { return !window->tmrKeyboard->isActive(); }, 1000))
         << "the timer stops with no key held";
-    EXPECT_EQ(window->lblCameraPos[2]->text(), QString::fromStdString(FormatPositionLabel(editor.camera.z)));
+    EXPECT_EQ(window->lblCameraPos[2]->text(),
+              QString::fromStdString(FormatPositionLabel(editor.Camera().z)));
 
     QTest::keyClick(window->view, Qt::Key_Space);
     EXPECT_TRUE(window->TerrainMode());
     EXPECT_TRUE(window->optMode[1]->isChecked());
     QTest::keyClick(window->view, Qt::Key_Space);
     EXPECT_FALSE(window->TerrainMode()) << "once per press";
-    editor.camera = {100.0f, editor.camera.y, 40.0f, editor.camera.pitch, 0.0f, 0.0f};
+    editor.SetCamera({100.0f, editor.Camera().y, 40.0f, editor.Camera().pitch, 0.0f, 0.0f});
     QTest::keyClick(window->view, Qt::Key_Return);
-    EXPECT_NEAR(editor.cursor.x, 100.0f, 1e-4);
-    EXPECT_NEAR(editor.cursor.z, -10.0f, 1e-4);
+    EXPECT_NEAR(editor.Cursor().x, 100.0f, 1e-4);
+    EXPECT_NEAR(editor.Cursor().z, -10.0f, 1e-4);
     EXPECT_EQ(window->lblCursorPos[2]->text(), "-010.00");
 
-    editor.settings.stayAbove = true;
-    editor.camera.y = 6.0f;
+    editor.SetViewSwitch(ViewSwitch::StayAbove, true);
+    CameraState low = editor.Camera();
+    low.y = 6.0f;
+    editor.SetCamera(low);
     for (int i = 0; i < 20; ++i)
         window->KeyboardTick(), QTest::keyPress(window->view, Qt::Key_PageDown);
     QTest::keyRelease(window->view, Qt::Key_PageDown);
     const std::optional<SceneGround> ground = editor.Ground();
     ASSERT_TRUE(ground.has_value());
-    CameraState floor = editor.camera;
+    CameraState floor = editor.Camera();
     floor.y = -100.0f;
     ApplyGroundRule(floor, *ground);
-    EXPECT_EQ(editor.camera.y, floor.y) << "the camera stops five units above the ground";
+    EXPECT_EQ(editor.Camera().y, floor.y) << "the camera stops five units above the ground";
 
     window->ViewMousePress(Qt::LeftButton);
     EXPECT_TRUE(window->MouseCaptured());
     EXPECT_FALSE(window->tmrMouseMove->isActive()) << "the left button alone only looks";
     window->ViewMouseDelta(40, -20);
-    EXPECT_FLOAT_EQ(editor.camera.yaw, -10.0f) << "right turns right";
-    EXPECT_FLOAT_EQ(editor.camera.pitch, 5.0f) << "up looks up";
+    EXPECT_FLOAT_EQ(editor.Camera().yaw, -10.0f) << "right turns right";
+    EXPECT_FLOAT_EQ(editor.Camera().pitch, 5.0f) << "up looks up";
     for (int i = 0; i < 2; ++i) {
         window->ViewMouseRelease(Qt::NoButton);
         EXPECT_FALSE(window->MouseCaptured()) << "release " << i + 1;
@@ -56,21 +59,23 @@ TEST_F(MainWindowTest, KeysAndTheMouseFlyAndTurnTheCameraSwitchTheModeAndPlaceTh
 
     window->ViewMousePress(Qt::RightButton);
     EXPECT_TRUE(window->tmrMouseMove->isActive());
-    const CameraState before = editor.camera;
+    const CameraState before = editor.Camera();
     window->MouseMoveTick();
-    EXPECT_NE(editor.camera.x, before.x) << "the right button flies along the view";
+    EXPECT_NE(editor.Camera().x, before.x) << "the right button flies along the view";
     window->ViewMouseRelease(Qt::NoButton);
     EXPECT_FALSE(window->tmrMouseMove->isActive());
 
     window->SetTerrainMode(true);
-    editor.camera.yaw = 0.0f;
-    editor.cursor = {0.0f, 0.0f, 0.0f};
+    CameraState north = editor.Camera();
+    north.yaw = 0.0f;
+    editor.SetCamera(north);
+    editor.MoveCursorTo(0.0f, 0.0f);
     window->ViewMousePress(Qt::RightButton);
     EXPECT_FALSE(window->tmrMouseMove->isActive()) << "in terrain mode the right button moves the cursor";
     window->ViewMouseDelta(10, -20);
     window->ViewMouseRelease(Qt::NoButton);
-    EXPECT_FLOAT_EQ(editor.cursor.x, 5.0f) << "right in the view is +x when facing -z";
-    EXPECT_FLOAT_EQ(editor.cursor.z, -10.0f) << "up in the view is away from the camera";
+    EXPECT_FLOAT_EQ(editor.Cursor().x, 5.0f) << "right in the view is +x when facing -z";
+    EXPECT_FLOAT_EQ(editor.Cursor().z, -10.0f) << "up in the view is away from the camera";
     EXPECT_EQ(window->lblCursorPos[0]->text(), "005.00");
 }
 
@@ -78,8 +83,8 @@ TEST_F(MainWindowTest, EveryViewSwitchChangesThePicture) {
     std::filesystem::create_directory_symlink(std::string(LW_BIN_DIR) + "/teratextures",
                                               home.File("teratextures"));
     StartOnDemo();
-    Session().camera = {0.0f, 330.0f, 480.0f, -38.0f, 0.0f, 0.0f};
-    Session().settings.viewGuidelines = false;
+    Session().SetCamera({0.0f, 330.0f, 480.0f, -38.0f, 0.0f, 0.0f});
+    Session().SetViewSwitch(ViewSwitch::Guidelines, false);
     window->UpdateUI();
     auto frame = [&] { return window->view->grabFramebuffer(); };
     for (const char* name : {"mnuViewTerrain", "mnuViewWater", "mnuViewTextures", "mnuViewTrack",

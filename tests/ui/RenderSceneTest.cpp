@@ -40,14 +40,16 @@ int FindNear(const QImage& image, const QColor& colour, int tolerance = 3,
 class RenderSceneTest : public ::testing::Test {
 protected:
     ScriptedShell shell;
-    Editor editor{shell, LW_BIN_DIR};
+    Editor editor{shell, shell, LW_BIN_DIR};
     pbOpenGL view;
 
     void SetUp() override {
         editor.InitPaths();
-        editor.settings.viewTextures = false;
-        editor.settings.noLights = true; // exact colours until lighting is tested
-        editor.settings.sculptSize = 0;
+        Change([](AppSettings& s) {
+            s.viewTextures = false;
+            s.noLights = true; // exact colours until lighting is tested
+            s.sculptSize = 0;
+        });
         view.SetEditor(&editor);
         view.resize(320, 240); // the view's smallest size
         view.show();
@@ -57,21 +59,32 @@ protected:
 
     // A terrain of side by side points, height(column) high, seen straight down from above its centre.
     void Terrain(int side, bool water, const std::function<float(int)>& height) {
-        editor.terrain.waterEnabled = water;
-        editor.terrain.groundTiling = editor.terrain.waterTiling = 10.0f;
-        NewTerrainGrid(editor.terrain, side, side);
-        for (int row = 0; row < side; ++row)
-            for (int column = 0; column < side; ++column)
-                editor.terrain.heights.At(row, column) = height(column);
-        editor.mesh.Build(editor.terrain);
-        editor.camera = {0.0f, 300.0f, 0.0f, -90.0f, 0.0f, 0.0f};
+        editor.ReplaceTerrain(
+            [&](TerrainData& t) {
+                t.waterEnabled = water;
+                t.groundTiling = t.waterTiling = 10.0f;
+                NewTerrainGrid(t, side, side);
+                for (int row = 0; row < side; ++row)
+                    for (int column = 0; column < side; ++column)
+                        t.heights.At(row, column) = height(column);
+                return true;
+            },
+            {});
+        editor.SetCamera({0.0f, 300.0f, 0.0f, -90.0f, 0.0f, 0.0f});
+    }
+
+    // Changes the preferences as the options dialog does.
+    void Change(const std::function<void(AppSettings&)>& change) {
+        AppSettings settings = editor.Settings();
+        change(settings);
+        editor.ApplySettings(settings);
     }
 
     QImage Frame() { return view.grabFramebuffer().convertToFormat(QImage::Format_RGB32); }
     QColor Pixel(int x, int y) { return Frame().pixelColor(x, y); }
 
     QColor Colour(std::size_t index) const {
-        const RgbColour& c = editor.settings.colorTable[index];
+        const RgbColour& c = editor.Settings().colorTable[index];
         return QColor::fromRgbF(c.r, c.g, c.b);
     }
 };
@@ -82,31 +95,32 @@ TEST_F(RenderSceneTest, TrackBrushAndWaterShowInTheirColoursWhereTheyAreAndLight
     QImage frame = Frame();
     EXPECT_EQ(FindNear(frame, Qt::black, 0), frame.width() * frame.height()) << "an empty scene";
     // Five stretches along x, one of each type, seen from above.
-    editor.track = MakeSampleTrack();
-    editor.track.track.trackStyle = 1;
-    editor.track.bezier.vertices.assign(6, BezierVertex{});
-    editor.track.segments.segments.resize(5);
+    TrackDocument track = MakeSampleTrack();
+    track.terrain.terrainInTrack = false;
+    track.track.trackStyle = 1;
+    track.bezier.vertices.assign(6, BezierVertex{});
+    track.segments.segments.resize(5);
     for (int i = 0; i < 6; ++i) {
         const float x = -100.0f + 40.0f * static_cast<float>(i);
-        editor.track.bezier.vertices[i].values = {x, 10, 0, x - 13, 10, 0, x + 13, 10, 0, 0};
-        if (i < 5) editor.track.segments.segments[i].type = i;
+        track.bezier.vertices[i].values = {x, 10, 0, x - 13, 10, 0, x + 13, 10, 0, 0};
+        if (i < 5) track.segments.segments[i].type = i;
     }
-    ASSERT_TRUE(TraceTrack(editor.track, editor.spine));
-    editor.terrain.trackPresent = true;
-    editor.settings.viewSupports = editor.settings.viewTrees = false;
-    editor.camera = {0.0f, 160.0f, 0.0f, -90.0f, 0.0f, 0.0f};
+    editor.OpenTrackDocument(track, "Stretches.cvtrack");
+    ASSERT_TRUE(editor.Terrain().trackPresent);
+    Change([](AppSettings& s) { s.viewSupports = s.viewTrees = false; });
+    editor.SetCamera({0.0f, 160.0f, 0.0f, -90.0f, 0.0f, 0.0f});
     frame = Frame();
     for (std::size_t type = 0; type < 5; ++type)
         EXPECT_GT(FindNear(frame, Colour(type), 8), 5) << type;
-    editor.settings.viewTrack = false;
+    editor.SetViewSwitch(ViewSwitch::Track, false);
     EXPECT_EQ(FindNear(Frame(), Colour(2), 8), 0);
 
     // Six by six highlighted cells centred where the cursor marker's lines cross, to within a third
     // of a cell; the cursor is a little east (right) and towards +z (down) of the middle.
     Terrain(101, false, [](int) { return 0.0f; });
-    editor.cursor = {5.0f, 0.0f, 5.0f};
-    editor.settings.sculptSize = 3;
-    editor.settings.colorTable[8] = {0.0f, 0.0f, 1.0f};
+    editor.MoveCursorTo(5.0f, 5.0f);
+    editor.SetSculptSize(3);
+    Change([](AppSettings& s) { s.colorTable[8] = {0.0f, 0.0f, 1.0f}; });
     frame = Frame();
     double sumX = 0, sumY = 0;
     std::vector<int> columns(frame.width()), rows(frame.height());
@@ -121,16 +135,16 @@ TEST_F(RenderSceneTest, TrackBrushAndWaterShowInTheirColoursWhereTheyAreAndLight
     EXPECT_NEAR(sumY / n, peak(rows), 3.0);
 
     // Water blends with the ground below it, unless turned off, and leaves ground above it alone.
-    editor.settings.sculptSize = 0;
-    editor.settings.waterTrans = 0.5f;
+    editor.SetSculptSize(0);
+    Change([](AppSettings& s) { s.waterTrans = 0.5f; });
     const QColor ground = Colour(9), water = Colour(10);
     const QColor half((ground.red() + water.red()) / 2, (ground.green() + water.green()) / 2,
                       (ground.blue() + water.blue()) / 2);
     const std::tuple<bool, bool, float, QColor> looks[] = {
         {true, true, -5, half}, {false, true, -5, water}, {true, false, -5, ground}, {true, true, 2, ground}};
     for (const auto& [blend, show, height, seen] : looks) {
-        editor.settings.useWaterTrans = blend;
-        editor.settings.viewWater = show;
+        Change([&](AppSettings& s) { s.useWaterTrans = blend; });
+        editor.SetViewSwitch(ViewSwitch::Water, show);
         Terrain(51, true, [&](int) { return height; });
         EXPECT_TRUE(Near(Pixel(90, 170), seen, 4)) << Pixel(90, 170).name().toStdString();
     }
@@ -138,9 +152,9 @@ TEST_F(RenderSceneTest, TrackBrushAndWaterShowInTheirColoursWhereTheyAreAndLight
     // Light shades a ridge's slopes differently.
     Terrain(65, false,
             [](int column) { return static_cast<float>(column < 32 ? column : 64 - column) * 6.0f; });
-    editor.cursor = {400.0f, 0.0f, 400.0f};
+    editor.MoveCursorTo(400.0f, 400.0f);
     EXPECT_TRUE(Near(Pixel(80, 120), Pixel(240, 120))) << "without light both slopes look alike";
-    editor.settings.noLights = false;
+    Change([](AppSettings& s) { s.noLights = false; });
     EXPECT_LT(Pixel(80, 120).green() + 20, Pixel(240, 120).green())
         << "the slope facing the light is brighter than the one facing away";
 }
@@ -153,9 +167,9 @@ protected:
         RenderSceneTest::SetUp();
         InstallQtPictureDecoder();
         editor.OpenTrack(std::string(LW_BIN_DIR) + "/tracks/Demo.cvtrack");
-        ASSERT_TRUE(editor.terrain.terrainPresent);
+        ASSERT_TRUE(editor.Terrain().terrainPresent);
         view.RequestTextureReload();
-        editor.settings.colorTable[8] = {0.0f, 0.0f, 0.0f}; // the cursor marker
+        Change([](AppSettings& s) { s.colorTable[8] = {0.0f, 0.0f, 0.0f}; }); // the cursor marker
     }
 
     QImage ExpectSamePicture(const std::string& what) {
@@ -166,34 +180,36 @@ protected:
         return whole;
     }
     QImage WithBrush(int size) {
-        editor.settings.sculptSize = size;
-        editor.cursor = {editor.camera.x, 0.0f, editor.camera.z - 50.0f}; // 50 units north of the camera
+        editor.SetSculptSize(size);
+        editor.MoveCursorTo(editor.Camera().x, editor.Camera().z - 50.0f); // 50 units north of the camera
         return ExpectSamePicture("brush " + std::to_string(size));
     }
 };
 
 TEST_F(VisibleBlocksTest, TheGroundIsTheSameFromEveryPoseInEveryLookAndAfterASculptStep) {
-    const CameraState start = editor.camera, overview{0.0f, 330.0f, 480.0f, -38.0f, 0.0f, 0.0f};
+    const CameraState start = editor.Camera(), overview{0.0f, 330.0f, 480.0f, -38.0f, 0.0f, 0.0f};
     for (const CameraState& pose :
          {start, overview, CameraState{-300.0f, 40.0f, 100.0f, -10.0f, 135.0f, 0.0f},
           CameraState{100.0f, 60.0f, -200.0f, -89.0f, 10.0f, 0.0f}})
         for (const int look : {0, 1, 2, 3, 4, 5, 6, 7}) {
-            editor.camera = pose;
-            editor.settings.noLights = (look & 1) != 0;
-            editor.settings.viewTextures = editor.settings.useWaterTrans = (look & 2) != 0;
-            editor.settings.clipTerrain = (look & 4) != 0; // the scene area's edges cut through blocks
+            editor.SetCamera(pose);
+            Change([look](AppSettings& s) {
+                s.noLights = (look & 1) != 0;
+                s.viewTextures = s.useWaterTrans = (look & 2) != 0;
+                s.clipTerrain = (look & 4) != 0; // the scene area's edges cut through blocks
+            });
             const QImage frame = WithBrush(4);
-            EXPECT_TRUE(editor.settings.clipTerrain ||
+            EXPECT_TRUE(editor.Settings().clipTerrain ||
                         FindNear(frame, Qt::black, 0) < frame.width() * frame.height() / 2)
                 << "ground in view";
         }
     EXPECT_NE(view.ViewState().terrainTexture, 0u);
     // The clipped scene area and the brush are in view, and so is the edit.
-    editor.camera = overview;
+    editor.SetCamera(overview);
     const QImage clipped = WithBrush(0);
-    editor.settings.clipTerrain = false;
+    editor.SetViewSwitch(ViewSwitch::ClipTerrain, false);
     EXPECT_NE(WithBrush(0), clipped);
-    editor.camera = start;
+    editor.SetCamera(start);
     const QImage unmarked = WithBrush(0), brush = WithBrush(4);
     EXPECT_NE(unmarked, brush);
     editor.StrokeMove(-120); // raises the ground under the brush and refreshes those blocks

@@ -13,7 +13,7 @@ class SculptingTest : public MainWindowTest {
 protected:
     float HeightUnderCursor() {
         Session().UpdateCursorHeight();
-        return Session().cursor.y;
+        return Session().Cursor().y;
     }
 
     // Presses the left button in the middle of the view, moves the pointer by dy pixels `moves`
@@ -38,85 +38,86 @@ TEST_F(SculptingTest, DragsLookOrSculptInOneStepEachAndTheEditingKeysActOnTheAre
     shell.answers.push_back(Answer::No);
     window->mnuReset->trigger();
     EXPECT_FALSE(window->mnuUndo->isEnabled()) << "a refused reset leaves nothing to undo";
-    const HeightGrid before = Session().terrain.heights;
+    const HeightGrid before = Session().Terrain().heights;
     DragInView(-10, 3);
-    EXPECT_EQ(Session().terrain.heights, before) << "camera mode leaves the terrain alone";
-    EXPECT_EQ(Session().undo.UndoCount(), 0);
-    EXPECT_GT(Session().camera.pitch, 0.0f) << "and looks up";
+    EXPECT_EQ(Session().Terrain().heights, before) << "camera mode leaves the terrain alone";
+    EXPECT_EQ(Session().History().UndoCount(), 0);
+    EXPECT_GT(Session().Camera().pitch, 0.0f) << "and looks up";
     const float start = HeightUnderCursor();
     window->SetTerrainMode(true);
-    Session().settings.sculptMode = 1;
+    Session().SetSculptMode(SculptMode::Absolute);
     DragInView(-10, 5); // five moves of 10 pixels up: 5 units in absolute mode
     EXPECT_NEAR(HeightUnderCursor(), std::min(start + 5.0f, 150.0f), 1e-3);
     EXPECT_FALSE(window->Sculpting() || window->MouseCaptured()) << "the release ends the stroke";
     EXPECT_TRUE(window->mnuUndo->isEnabled());
-    EXPECT_EQ(Session().undo.UndoCount(), 1) << "one press, one step";
+    EXPECT_EQ(Session().History().UndoCount(), 1) << "one press, one step";
     DragInView(20, 2); // down again
-    EXPECT_EQ(Session().undo.UndoCount(), 2);
+    EXPECT_EQ(Session().History().UndoCount(), 2);
     QTest::keyClicks(window->view, "zz");
-    EXPECT_EQ(Session().terrain.heights, before) << "Z undoes both strokes";
+    EXPECT_EQ(Session().Terrain().heights, before) << "Z undoes both strokes";
     EXPECT_FALSE(window->mnuUndo->isEnabled());
     EXPECT_TRUE(window->mnuRedo->isEnabled());
     QTest::keyClick(window->view, Qt::Key_X);
     EXPECT_NEAR(HeightUnderCursor(), std::min(start + 5.0f, 150.0f), 1e-3) << "X redoes the first stroke";
 
-    Session().settings.sculptSize = 3;
-    const HeightGrid area = Session().terrain.heights;
+    Session().SetSculptSize(3);
+    const HeightGrid area = Session().Terrain().heights;
     QTest::keyClick(window->view, Qt::Key_F);
-    EXPECT_NE(Session().terrain.heights, area);
+    EXPECT_NE(Session().Terrain().heights, area);
     QTest::keyClick(window->view, Qt::Key_F);
-    EXPECT_EQ(Session().terrain.heights, area) << "flipping twice restores the area";
+    EXPECT_EQ(Session().Terrain().heights, area) << "flipping twice restores the area";
     // Each key runs its own operation: the heights match the command's on the same area.
     for (const auto& [key, command] :
          {std::pair{Qt::Key_F, &Editor::FlipArea}, std::pair{Qt::Key_M, &Editor::MirrorArea},
           std::pair{Qt::Key_I, &Editor::InvertArea}}) {
         (Session().*command)();
-        const HeightGrid expected = Session().terrain.heights;
+        const HeightGrid expected = Session().Terrain().heights;
         Session().Undo();
         QTest::keyClick(window->view, key);
-        EXPECT_EQ(Session().terrain.heights, expected) << QKeySequence(key).toString().toStdString();
+        EXPECT_EQ(Session().Terrain().heights, expected) << QKeySequence(key).toString().toStdString();
     }
-    EXPECT_EQ(Session().undo.UndoCount(), 6) << "one step for each stroke and key after the redone stroke";
+    EXPECT_EQ(Session().History().UndoCount(), 6)
+        << "one step for each stroke and key after the redone stroke";
     EXPECT_FALSE(window->mnuPaste->isEnabled());
     QTest::keyClick(window->view, Qt::Key_C);
     EXPECT_TRUE(window->mnuPaste->isEnabled());
     window->mnuFlattenToGround->trigger();
-    const float flat = Session().terrain.waterEnabled ? 0.5f : 0.0f;
+    const float flat = Session().Terrain().waterEnabled ? 0.5f : 0.0f;
     EXPECT_EQ(HeightUnderCursor(), flat);
     QTest::keyClick(window->view, Qt::Key_V);
     EXPECT_NE(HeightUnderCursor(), flat) << "the copied hill is back";
-    EXPECT_EQ(Session().undo.UndoCount(), 8);
+    EXPECT_EQ(Session().History().UndoCount(), 8);
 }
 
 TEST_F(SculptingTest, MenusBarKeysAndTheNextStartKeepTheSculptSettingsInStep) {
     StartOnDemo();
     window->mnuSculptMode[1]->trigger();
-    EXPECT_EQ(Session().settings.sculptMode, 1);
+    EXPECT_EQ(Session().Settings().sculptMode, 1);
     EXPECT_TRUE(window->optMove[1]->isChecked());
     window->optMove[0]->click();
-    EXPECT_EQ(Session().settings.sculptMode, 0);
+    EXPECT_EQ(Session().Settings().sculptMode, 0);
     EXPECT_TRUE(window->mnuSculptMode[0]->isChecked());
     QTest::keyClick(window->view, Qt::Key_R);
-    EXPECT_EQ(Session().settings.sculptMode, 1) << "R toggles the mode";
+    EXPECT_EQ(Session().Settings().sculptMode, 1) << "R toggles the mode";
     EXPECT_TRUE(window->mnuSculptMode[1]->isChecked());
 
     QTest::keyClick(window->view, Qt::Key_6);
-    EXPECT_EQ(Session().settings.sculptSize, 5);
+    EXPECT_EQ(Session().Settings().sculptSize, 5);
     EXPECT_TRUE(window->optSize[5]->isChecked());
     window->optSize[1]->click();
-    EXPECT_EQ(Session().settings.sculptSize, 1);
+    EXPECT_EQ(Session().Settings().sculptSize, 1);
     EXPECT_TRUE(window->mnuSculptSize[1]->isChecked());
     window->hsSculptSize->setValue(13);
-    EXPECT_EQ(Session().settings.sculptSize, 13) << "the slider sets the radius whichever size is ticked";
+    EXPECT_EQ(Session().Settings().sculptSize, 13) << "the slider sets the radius whichever size is ticked";
     EXPECT_EQ(window->lblSculptSize->text(), "13");
     EXPECT_TRUE(window->mnuSculptSize[1]->isChecked()) << "without ticking Custom";
     window->mnuSculptSize[3]->trigger();
-    EXPECT_EQ(Session().settings.sculptSize, 3);
+    EXPECT_EQ(Session().Settings().sculptSize, 3);
     window->mnuSculptSize[6]->trigger();
-    EXPECT_EQ(Session().settings.sculptSize, 13) << "Custom takes the slider's radius";
+    EXPECT_EQ(Session().Settings().sculptSize, 13) << "Custom takes the slider's radius";
     EXPECT_TRUE(window->optSize[6]->isChecked());
     window->mnuSculptTool[2]->trigger();
-    EXPECT_EQ(Session().settings.sculptTool, 2);
+    EXPECT_EQ(Session().Settings().sculptTool, 2);
 
     window->close(); // writes the settings file
     Restart();
@@ -144,11 +145,11 @@ TEST_F(SculptingTest, TheFilterAndAdjustHeightDialogsApplyWhatTheirControlsSayAn
     entry->setText("4");
     EXPECT_EQ(dialog.txtFactor->text(), "0") << "the sum of the entries";
 
-    const HeightGrid before = Session().terrain.heights;
+    const HeightGrid before = Session().Terrain().heights;
     dialog.btnMain[0]->click();
     EXPECT_EQ(shell.messages.size(), 1u);
     EXPECT_EQ(dialog.result(), 0) << "the dialog stays open";
-    EXPECT_EQ(Session().terrain.heights, before);
+    EXPECT_EQ(Session().Terrain().heights, before);
     EXPECT_FALSE(window->mnuUndo->isEnabled());
 
     dialog.chkAutoFactor->setChecked(false);
@@ -156,8 +157,8 @@ TEST_F(SculptingTest, TheFilterAndAdjustHeightDialogsApplyWhatTheirControlsSayAn
     dialog.lstPresets->setCurrentRow(3); // raise features, only around the cursor
     dialog.btnMain[0]->click();
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
-    EXPECT_EQ(Session().undo.UndoCount(), 1);
-    const HeightGrid& after = Session().terrain.heights;
+    EXPECT_EQ(Session().History().UndoCount(), 1);
+    const HeightGrid& after = Session().Terrain().heights;
     EXPECT_EQ(after.At(0, 0), before.At(0, 0)) << "far from the cursor";
     EXPECT_NE(after, before);
 
@@ -169,7 +170,7 @@ TEST_F(SculptingTest, TheFilterAndAdjustHeightDialogsApplyWhatTheirControlsSayAn
     EXPECT_EQ(again.result(), QDialog::Accepted) << "a double-click applies the preset";
     EXPECT_FLOAT_EQ(after.At(100, 3), std::max(-10.0f, filtered.At(100, 3) * 2.0f / 3.0f))
         << "lower features: 2/3, over the whole terrain";
-    EXPECT_EQ(Session().undo.UndoCount(), 2);
+    EXPECT_EQ(Session().History().UndoCount(), 2);
 
     const HeightGrid twice = after;
     {
@@ -178,7 +179,7 @@ TEST_F(SculptingTest, TheFilterAndAdjustHeightDialogsApplyWhatTheirControlsSayAn
         cancelled.optMode[2]->setChecked(true);
         cancelled.btnCancel->click();
     }
-    EXPECT_EQ(Session().terrain.heights, twice);
+    EXPECT_EQ(Session().Terrain().heights, twice);
     frmAdjustHeight adjust(Session(), window.get());
     adjust.txtHeight->clear();
     QTest::keyClicks(adjust.txtHeight, "2x5");
@@ -186,5 +187,5 @@ TEST_F(SculptingTest, TheFilterAndAdjustHeightDialogsApplyWhatTheirControlsSayAn
     adjust.optMode[1]->setChecked(true);
     adjust.btnOkay->click();
     EXPECT_EQ(after.At(10, 10), std::max(twice.At(10, 10) - 25.0f, -10.0f)) << "lowered by 25";
-    EXPECT_EQ(Session().undo.UndoCount(), 3);
+    EXPECT_EQ(Session().History().UndoCount(), 3);
 }

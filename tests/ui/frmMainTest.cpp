@@ -13,12 +13,13 @@ namespace fs = std::filesystem;
 TEST_F(MainWindowTest, StartsOnAQuotedTrackShowsReadyOnTheSplashAndClosingWithUnsavedChangesAsks) {
     ASSERT_TRUE(window->Startup(QString::fromStdString("\"" + DemoTrack() + "\"")));
     EXPECT_EQ(window->windowTitle(), "CorvantaLandwright - Demo");
-    EXPECT_TRUE(Session().terrain.terrainPresent);
-    EXPECT_EQ(Session().terrain.trackFolder, DerivedTrackFolder(DemoTrack()));
+    EXPECT_TRUE(Session().Terrain().terrainPresent);
+    EXPECT_EQ(Session().Terrain().trackFolder, DerivedTrackFolder(DemoTrack()));
     EXPECT_EQ(Child<frmSplash>(window.get(), "frmSplash")->lblStatus->text(), "Ready.");
     EXPECT_TRUE(WaitFor([&] { return window->findChild<frmSplash*>("frmSplash") == nullptr; }));
 
-    Session().terrain.terrainChanged = true;
+    Session().FlipArea();
+    ASSERT_TRUE(Session().Terrain().terrainChanged);
     shell.answers = {Answer::No};
     EXPECT_FALSE(window->close());
     EXPECT_TRUE(window->isVisible());
@@ -47,11 +48,13 @@ TEST_F(MainWindowTest, AMissingCommandLineFileIsIgnoredAndMenusFollowTheStateThe
     EXPECT_TRUE(window->mnuViewGuidelines->isChecked());
     EXPECT_FALSE(window->mnuViewWater->isChecked());
     window->mnuViewWater->trigger();
-    EXPECT_TRUE(Session().settings.viewWater);
+    EXPECT_TRUE(Session().Settings().viewWater);
     window->mnuClipTerrain->trigger();
-    EXPECT_TRUE(Session().settings.clipTerrain);
+    EXPECT_TRUE(Session().Settings().clipTerrain);
 
-    Session().settings.askLoadNoTerrain = 2;
+    AppSettings keepTerrain = Session().Settings();
+    keepTerrain.askLoadNoTerrain = 2;
+    Session().ApplySettings(keepTerrain);
     Session().OpenTrack(DemoTrack("DemoNoTerrain"));
     EXPECT_TRUE(window->mnuSave->isEnabled());
     EXPECT_TRUE(window->mnuRemoveTrack->isEnabled());
@@ -69,16 +72,15 @@ TEST_F(MainWindowTest, AMissingCommandLineFileIsIgnoredAndMenusFollowTheStateThe
     EXPECT_FALSE(window->mnuRecent[0]->isVisible());
 }
 
-TEST_F(MainWindowTest, RidingTheTrackSavesItAndStartsTheSimulatorOnIt) {
+TEST_F(MainWindowTest, RidingTheTrackFromTheMenuStartsTheSimulatorOnIt) {
     const std::string track = home.File("ride.cvtrack");
     fs::copy_file(DemoTrack(), track);
-    const std::string record = home.File("simulator-arguments.txt");
-    WriteText(home.File("CorvantaSimulator.exe"), "#!/bin/sh\nprintf '%s\\n' \"$@\" > '" + record + "'\n");
+    WriteText(home.File("CorvantaSimulator.exe"), "#!/bin/sh\n");
     fs::permissions(home.File("CorvantaSimulator.exe"), fs::perms::owner_all);
     ASSERT_TRUE(window->Startup(QString::fromStdString(track)));
     window->mnuRideTrack->trigger();
-    ASSERT_TRUE(WaitFor([&] { return fs::exists(record) && fs::file_size(record) > 0; }));
-    EXPECT_EQ(ReadText(record), "-s\n" + track + "\n");
+    ASSERT_EQ(shell.started.size(), 1u);
+    EXPECT_EQ(shell.started[0].arguments, (std::vector<std::string>{"-s", track}));
 }
 
 TEST_F(MainWindowTest, TheEditorRunsHeadlessAndSavesAScreenshot) {

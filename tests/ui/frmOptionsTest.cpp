@@ -34,15 +34,15 @@ using OptionsDialogTest = DialogTest<frmOptions>;
 
 TEST_F(OptionsDialogTest, OkStoresWhatEveryControlShowsAndWritesTheSettingsFile) {
     for (const int code : {1, 2, 4}) {
-        editor.settings = Preferences(code, false);
+        editor.ApplySettings(Preferences(code, false));
         Open();
         EXPECT_EQ(dialog->lblWaterTrans->text(), code == 1 ? "0% Translucent" : "50% Translucent");
-        editor.settings = Preferences(code, true); // only the controls can carry the values to OK
+        editor.ApplySettings(Preferences(code, true)); // only the controls can carry the values to OK
         Click(dialog->btnOkay);
-        EXPECT_EQ(editor.settings, Preferences(code, false)) << code;
+        EXPECT_EQ(editor.Settings(), Preferences(code, false)) << code;
         AppSettings reread;
         ASSERT_TRUE(LoadSettings(editor.SettingsPath(), reread));
-        EXPECT_EQ(reread, editor.settings);
+        EXPECT_EQ(reread, editor.Settings());
     }
 }
 
@@ -58,16 +58,16 @@ TEST_F(OptionsDialogTest, AChosenColourShowsAndHoldsOnOkWithItsHalfShadeEvenWhen
     Click(dialog->btnOkay);
     EXPECT_EQ(shell.messages.size(), 1u) << "the failed write is reported";
     EXPECT_EQ(dialog->result(), QDialog::Accepted);
-    EXPECT_EQ(editor.settings.colorTable[0], (RgbColour{0.5f, 0.0f, 0.0f}))
+    EXPECT_EQ(editor.Settings().colorTable[0], (RgbColour{0.5f, 0.0f, 0.0f}))
         << "the choice holds for this run";
-    EXPECT_EQ(editor.settings.colorTable[11], (RgbColour{0.25f, 0.0f, 0.0f}));
-    EXPECT_EQ(editor.settings.colorTable[4], (RgbColour{0.99609f, 0.0f, 0.0f}));
+    EXPECT_EQ(editor.Settings().colorTable[11], (RgbColour{0.25f, 0.0f, 0.0f}));
+    EXPECT_EQ(editor.Settings().colorTable[4], (RgbColour{0.99609f, 0.0f, 0.0f}));
 }
 
 TEST_F(OptionsDialogTest, ATabLabelShowsOnlyItsFrameAndCancelLeavesTheSettingsAndTheFileUntouched) {
     ASSERT_TRUE(editor.SaveSettings());
     const std::string fileBefore = ReadText(editor.SettingsPath());
-    const AppSettings settingsBefore = editor.settings;
+    const AppSettings settingsBefore = editor.Settings();
     shell.colourChoices = {ByteColour{1, 2, 3}};
     Open();
     ASSERT_EQ(dialog->fmeTab.size(), 3u);
@@ -88,6 +88,6 @@ TEST_F(OptionsDialogTest, ATabLabelShowsOnlyItsFrameAndCancelLeavesTheSettingsAn
     Click(dialog->lblColors[5]);
     Click(dialog->btnCancel);
     EXPECT_EQ(dialog->result(), QDialog::Rejected);
-    EXPECT_EQ(editor.settings, settingsBefore);
+    EXPECT_EQ(editor.Settings(), settingsBefore);
     EXPECT_EQ(ReadText(editor.SettingsPath()), fileBefore);
 }

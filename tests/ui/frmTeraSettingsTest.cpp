@@ -71,7 +71,7 @@ TEST_F(TerrainSettingsDialogTest,
     Click(dialog->btnMain[0]);
     EXPECT_EQ(shell.messages.size(), 2u) << "OK refuses it too";
     EXPECT_TRUE(dialog->isVisible());
-    EXPECT_FALSE(editor.terrain.terrainPresent) << "neither the presets nor a refused OK make one";
+    EXPECT_FALSE(editor.Terrain().terrainPresent) << "neither the presets nor a refused OK make one";
     Click(dialog->btnGround[2]);
     EXPECT_EQ(dialog->txtGround->text(), "");
 }
@@ -95,9 +95,14 @@ TEST(CustomTerrainDetail, KeepEqualMovesBothBarsAndTheLabelsShowCountAndSpacing)
 }
 
 TEST_F(TerrainSettingsDialogTest, OpeningOnATerrainShowsItAndOkAsksBeforeMakingTheEditedCustomSize) {
-    NewTerrainGrid(editor.terrain, 330, 120);
-    editor.terrain.groundTexture = "teratextures\\MudTerrain.jpg";
-    editor.terrain.groundTiling = 100.0f;
+    editor.ReplaceTerrain(
+        [](TerrainData& t) {
+            NewTerrainGrid(t, 330, 120);
+            t.groundTexture = "teratextures\\MudTerrain.jpg";
+            t.groundTiling = 100.0f;
+            return true;
+        },
+        {});
     shell.answers = {Answer::Cancel, Answer::Yes};
     Open();
     EXPECT_TRUE(dialog->optTeraStruct[3]->isChecked());
@@ -125,11 +130,11 @@ TEST_F(TerrainSettingsDialogTest, OpeningOnATerrainShowsItAndOkAsksBeforeMakingT
 
     Click(dialog->btnMain[0]);
     EXPECT_TRUE(dialog->isVisible()) << "Cancel in the question keeps the dialog open";
-    EXPECT_EQ(editor.terrain.columns, 330);
+    EXPECT_EQ(editor.Terrain().columns, 330);
     Click(dialog->btnMain[0]);
     EXPECT_EQ(dialog->result(), QDialog::Accepted);
-    EXPECT_EQ(editor.terrain.columns, 64);
-    EXPECT_EQ(editor.terrain.rows, 300);
+    EXPECT_EQ(editor.Terrain().columns, 64);
+    EXPECT_EQ(editor.Terrain().rows, 300);
 }
 
 TEST_F(MainWindowTest, TerrainNewOpensTheSettingsAndOkCreatesTheTerrain) {
@@ -141,6 +146,6 @@ TEST_F(MainWindowTest, TerrainNewOpensTheSettingsAndOkCreatesTheTerrain) {
     });
     window->mnuNewTerrain->trigger();
     EXPECT_EQ(window->windowTitle(), "CorvantaLandwright - [Terrain]");
-    EXPECT_EQ(Session().terrain.columns, 102);
+    EXPECT_EQ(Session().Terrain().columns, 102);
     EXPECT_TRUE(window->mnuTerrainSettings->isEnabled());
 }
