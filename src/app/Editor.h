@@ -32,6 +32,7 @@
 
 struct TerrainSettingsValues;
 enum class TerrainApplyResult;
+enum class TerrainSettingsPurpose;
 
 inline constexpr const char* kSettingsFileName = "CorvantaLandwright.ini";
 inline constexpr const char* kSimulatorFileName = "CorvantaSimulator.exe";
@@ -146,10 +147,13 @@ public:
     void OpenHelpIndex();
 
     // Terrain (EditorTerrain.cpp).
-    // Asks before removing a present terrain; true when the terrain settings may open for a new one.
+    // "New": asks before a present terrain would go; true when the terrain settings may open for a
+    // new one. Nothing changes here: the new grid replaces the terrain when those settings apply.
     bool NewTerrain();
-    // The terrain settings dialog's confirm; the result says whether it may close.
-    TerrainApplyResult ApplyTerrainSettings(const TerrainSettingsValues& values);
+    // The terrain settings dialog's confirm; the result says whether it may close. For a new
+    // terrain the grid is always made anew, without the structure question.
+    TerrainApplyResult ApplyTerrainSettings(const TerrainSettingsValues& values,
+                                            TerrainSettingsPurpose purpose);
     // Terrain menu: removing the terrain, removing the track data. Each asks first.
     void DeleteTerrain();
     void RemoveTrackData();

@@ -31,28 +31,22 @@ void Editor::ShowTerrain(bool resetCamera) {
 }
 
 bool Editor::NewTerrain() {
-    TerrainModel& terrain = document_.terrain;
-    if (!terrain.terrainPresent) return true;
-    if (Dialogs().Ask("Warning!  This will completely remove the current terrain structure!\n"
-                      "Are you sure you wish to continue?",
-                      "Warning!", Buttons::YesNo, MessageIcon::Question, Answer::No) != Answer::Yes)
-        return false;
-    terrain.terrainPresent = false;
-    undo_.Reset();
-    // As with deleting: an open track would lose its terrain when saved.
-    terrain.terrainChanged = terrain.trackPresent;
-    ShowTerrain(true);
-    return true;
+    if (!Terrain().terrainPresent) return true;
+    return Dialogs().Ask("Warning!  This will completely remove the current terrain structure!\n"
+                         "Are you sure you wish to continue?",
+                         "Warning!", Buttons::YesNo, MessageIcon::Question, Answer::No) == Answer::Yes;
 }
 
-TerrainApplyResult Editor::ApplyTerrainSettings(const TerrainSettingsValues& values) {
+TerrainApplyResult Editor::ApplyTerrainSettings(const TerrainSettingsValues& values,
+                                                TerrainSettingsPurpose purpose) {
     const std::string refused = InvalidTextureMessage(values);
     if (!refused.empty()) {
         Dialogs().ShowMessage(refused, kInvalidTextureTitle, MessageIcon::Exclamation);
         return TerrainApplyResult::InvalidTexture;
     }
     const GridSize size = RequestedTerrainSize(values, Terrain());
-    if (Terrain().terrainPresent) {
+    const bool forNew = purpose == TerrainSettingsPurpose::New;
+    if (Terrain().terrainPresent && !forNew) {
         if (size == GridSize{Terrain().columns, Terrain().rows}) return RestyleTerrain(values);
         const Answer answer =
             Dialogs().Ask("Terrain structure specified is different than terrain in editor.\n"
@@ -61,6 +55,10 @@ TerrainApplyResult Editor::ApplyTerrainSettings(const TerrainSettingsValues& val
         if (answer == Answer::No) return RestyleTerrain(values);
         if (answer != Answer::Yes) return TerrainApplyResult::Cancelled;
     }
+    TerrainReplacement how;
+    // As with deleting: a new terrain in place of an open track's is a change worth asking about
+    // at exit.
+    how.changed = forNew && Terrain().trackPresent;
     ReplaceTerrain(
         [&](TerrainData& fresh) {
             StoreTexturesAndWater(fresh, values);
@@ -68,7 +66,7 @@ TerrainApplyResult Editor::ApplyTerrainSettings(const TerrainSettingsValues& val
             DefaultEmptyTextures(fresh);
             return true;
         },
-        {});
+        how);
     return TerrainApplyResult::NewGrid;
 }
 

@@ -185,3 +185,10 @@ std::string InvalidTextureMessage(const TerrainSettingsValues& values) {
     if (values.waterEnabled) check(values.waterTexture, "Water");
     return lines.empty() ? lines : lines + "\n" + kTextureFolderRule;
 }
+
+TerrainSettingsValues SettingsForDialog(const TerrainModel& model, TerrainSettingsPurpose purpose) {
+    if (purpose == TerrainSettingsPurpose::Edit) return SettingsFromTerrain(model);
+    TerrainModel replaced = model;
+    replaced.terrainPresent = false;
+    return SettingsFromTerrain(replaced);
+}

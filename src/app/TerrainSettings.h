@@ -10,6 +10,10 @@
 #include <optional>
 #include <string>
 
+// Why the dialog is open: to change the terrain in the editor, or for "New", which starts from the
+// presets and always makes a new grid, replacing any terrain only when it is confirmed.
+enum class TerrainSettingsPurpose { Edit, New };
+
 // The structure options of the dialog, in the order it shows them.
 enum class TerrainStructure { Low, Normal, High, Custom };
 
@@ -84,6 +88,10 @@ void ApplySeaPreset(TerrainSettingsValues& values, std::size_t index);
 // present (tilings rounded to whole repeats), else the "Grass" and "Tropical" presets with water on
 // and the normal structure.
 TerrainSettingsValues SettingsFromTerrain(const TerrainModel& model);
+
+// What the dialog shows on opening for purpose: for a new terrain, what it shows without one (the
+// custom size still the editor's).
+TerrainSettingsValues SettingsForDialog(const TerrainModel& model, TerrainSettingsPurpose purpose);
 
 // The structure option that matches a grid size; Custom for any size other than the three offered.
 TerrainStructure StructureForSize(int columns, int rows);

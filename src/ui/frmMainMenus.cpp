@@ -184,7 +184,10 @@ void frmMain::mnuHelpIndex_Click() {
 }
 
 void frmMain::mnuNewTerrain_Click() {
-    if (editor_.NewTerrain()) mnuTerrainSettings_Click();
+    // The question only: the terrain goes when the settings' OK makes the new one.
+    if (!editor_.NewTerrain()) return;
+    frmTeraSettings dialog(editor_, this, TerrainSettingsPurpose::New);
+    dialog.exec();
 }
 
 void frmMain::mnuTerrainSettings_Click() {

@@ -40,7 +40,8 @@ constexpr const char* kStructureCaptions[4] = {"Low Detail", "Normal Detail", "H
 
 } // namespace
 
-frmTeraSettings::frmTeraSettings(Editor& editor, QWidget* parent) : QDialog(parent), editor_(editor) {
+frmTeraSettings::frmTeraSettings(Editor& editor, QWidget* parent, TerrainSettingsPurpose purpose)
+    : QDialog(parent), editor_(editor), purpose_(purpose) {
     setObjectName("frmTeraSettings");
     setWindowTitle("Terrain Settings...");
 
@@ -61,7 +62,7 @@ frmTeraSettings::frmTeraSettings(Editor& editor, QWidget* parent) : QDialog(pare
     layout->addLayout(columns);
     layout->addLayout(BuildButtonRow());
 
-    ShowValues(SettingsFromTerrain(editor_.Terrain()));
+    ShowValues(SettingsForDialog(editor_.Terrain(), purpose_));
 }
 
 QGroupBox* frmTeraSettings::BuildStructureFrame() {
@@ -239,7 +240,7 @@ TerrainSettingsValues frmTeraSettings::Values() const {
 void frmTeraSettings::btnMain_Click(std::size_t index) {
     switch (index) {
     case 0:
-        if (DialogMayClose(editor_.ApplyTerrainSettings(Values()))) accept();
+        if (DialogMayClose(editor_.ApplyTerrainSettings(Values(), purpose_))) accept();
         break;
     case 1:
         reject();

@@ -24,7 +24,8 @@ class QScrollBar;
 class frmTeraSettings : public QDialog {
     Q_OBJECT
 public:
-    frmTeraSettings(Editor& editor, QWidget* parent);
+    frmTeraSettings(Editor& editor, QWidget* parent,
+                    TerrainSettingsPurpose purpose = TerrainSettingsPurpose::Edit);
 
     // Low, Normal, High, Custom, in the order of TerrainStructure.
     std::array<QRadioButton*, 4> optTeraStruct{};
@@ -86,6 +87,7 @@ private:
     void btnCustomEdit_Click();
 
     Editor& editor_;
+    TerrainSettingsPurpose purpose_;
     QLabel* lblCustomBy_ = nullptr; // the "x" between the custom counts
     bool customSizeChosen_ = false; // from the custom dialog's OK until this dialog's confirm
 };

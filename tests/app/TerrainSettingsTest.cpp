@@ -85,7 +85,7 @@ TEST_F(EditorTest, ANewGridStandsAtTheGroundLevelWithItsSpacingAndADifferentSize
     ApplySeaPreset(values, 6);
     values.groundTexture.clear();
     values.detailTexture.clear();
-    EXPECT_EQ(editor.ApplyTerrainSettings(values), TerrainApplyResult::NewGrid);
+    EXPECT_EQ(editor.ApplyTerrainSettings(values, TerrainSettingsPurpose::Edit), TerrainApplyResult::NewGrid);
     const TerrainModel& t = editor.Terrain();
     EXPECT_TRUE(shell.questions.empty()) << "no terrain was there to lose";
     EXPECT_EQ(t.heights, HeightGrid(102, 102, 1.0f)) << "the ground level with water";
@@ -107,11 +107,12 @@ TEST_F(EditorTest, ANewGridStandsAtTheGroundLevelWithItsSpacingAndADifferentSize
     values.customSizeChosen = true;
     values.waterEnabled = false;
     values.waterTexture = "C:\\water\\sea.jpg"; // ignored while the water is off
-    EXPECT_EQ(editor.ApplyTerrainSettings(values), TerrainApplyResult::Cancelled);
+    EXPECT_EQ(editor.ApplyTerrainSettings(values, TerrainSettingsPurpose::Edit),
+              TerrainApplyResult::Cancelled);
     EXPECT_FALSE(DialogMayClose(TerrainApplyResult::Cancelled));
     EXPECT_EQ(static_cast<const TerrainData&>(t), static_cast<const TerrainData&>(before));
     EXPECT_EQ(shell.textureReloads, 1);
-    EXPECT_EQ(editor.ApplyTerrainSettings(values), TerrainApplyResult::NewGrid);
+    EXPECT_EQ(editor.ApplyTerrainSettings(values, TerrainSettingsPurpose::Edit), TerrainApplyResult::NewGrid);
     EXPECT_EQ(shell.questions.size(), 2u);
     EXPECT_EQ(t.heights, HeightGrid(64, 32, 0.0f)) << "no water: the ground starts at 0";
     EXPECT_TRUE(t.spacingX == 16.0f && t.spacingZ == 32.0f);
@@ -125,7 +126,8 @@ TEST_F(EditorTest, NoKeepsTheGridAndItsHeightsButAppliesTexturesAndWater) {
     TerrainSettingsValues values = Fresh(TerrainStructure::Low);
     ApplyLandPreset(values, 4);
     ApplySeaPreset(values, 3);
-    EXPECT_EQ(editor.ApplyTerrainSettings(values), TerrainApplyResult::SameGrid);
+    EXPECT_EQ(editor.ApplyTerrainSettings(values, TerrainSettingsPurpose::Edit),
+              TerrainApplyResult::SameGrid);
     const TerrainModel& t = editor.Terrain();
     const LandPreset& land = TerrainPresetTable::land[4];
     EXPECT_EQ(t.heights, HeightGrid(3, 3, 42.0f));
@@ -134,8 +136,9 @@ TEST_F(EditorTest, NoKeepsTheGridAndItsHeightsButAppliesTexturesAndWater) {
     EXPECT_TRUE(t.waterEnabled && t.waterTexture == TerrainPresetTable::sea[3].waterTexture);
     EXPECT_TRUE(t.terrainChanged) << "the kept terrain now looks different";
     // The size in the editor asks nothing.
-    EXPECT_EQ(editor.ApplyTerrainSettings(SettingsFromTerrain(editor.Terrain())),
-              TerrainApplyResult::SameGrid);
+    EXPECT_EQ(
+        editor.ApplyTerrainSettings(SettingsFromTerrain(editor.Terrain()), TerrainSettingsPurpose::Edit),
+        TerrainApplyResult::SameGrid);
     EXPECT_EQ(shell.questions.size(), 1u);
 }
 
@@ -146,7 +149,8 @@ TEST_F(EditorTest, AnAbsoluteTexturePathIsRefusedBeforeAnythingIsAskedOrApplied)
     values.groundTexture = "C:\\textures\\a.jpg";
     values.detailTexture = "\\detail.jpg";
     values.waterTexture = "/usr/share/water.jpg";
-    EXPECT_EQ(editor.ApplyTerrainSettings(values), TerrainApplyResult::InvalidTexture);
+    EXPECT_EQ(editor.ApplyTerrainSettings(values, TerrainSettingsPurpose::Edit),
+              TerrainApplyResult::InvalidTexture);
     const std::string& text = OnlyMessage().text;
     EXPECT_EQ(
         text.find(InvalidTextureLine("Ground") + InvalidTextureLine("Detail") + InvalidTextureLine("Water")),
@@ -156,14 +160,26 @@ TEST_F(EditorTest, AnAbsoluteTexturePathIsRefusedBeforeAnythingIsAskedOrApplied)
     EXPECT_EQ(static_cast<const TerrainData&>(editor.Terrain()), static_cast<const TerrainData&>(before));
 }
 
-TEST_F(EditorTest, NewTerrainAsksOnlyWhenATerrainIsPresentAndOnlyYesRemovesIt) {
+TEST_F(EditorTest, NewOnlyAsksAndItsSettingsReplaceTheTerrainWithANewGridWithoutTheStructureQuestion) {
     EXPECT_TRUE(editor.NewTerrain());
-    EXPECT_TRUE(shell.questions.empty());
-    GiveEditorTerrain();
+    EXPECT_TRUE(shell.questions.empty()) << "nothing to lose";
+    editor.OpenTrack(WriteTrack("t.cvtrack", 4));
+    editor.FlipArea();
+    const TerrainModel before = editor.Terrain();
     shell.answers = {Answer::No, Answer::Yes};
     EXPECT_FALSE(editor.NewTerrain());
-    EXPECT_TRUE(editor.Terrain().terrainPresent);
     EXPECT_TRUE(editor.NewTerrain());
-    EXPECT_FALSE(editor.Terrain().terrainPresent);
+    // Yes, then Cancel in the settings (nothing applied): terrain, track and undo steps stay.
+    EXPECT_EQ(static_cast<const TerrainData&>(editor.Terrain()), static_cast<const TerrainData&>(before));
+    EXPECT_TRUE(editor.Terrain().terrainPresent && editor.Terrain().trackPresent && editor.CanUndo());
+
+    // The settings start from the presets; the editor's own size asks no structure question.
+    TerrainSettingsValues values = SettingsForDialog(editor.Terrain(), TerrainSettingsPurpose::New);
+    EXPECT_EQ(values.groundTexture, TerrainPresetTable::land[0].groundTexture);
+    values.structure = TerrainStructure::Custom;
+    EXPECT_EQ(editor.ApplyTerrainSettings(values, TerrainSettingsPurpose::New), TerrainApplyResult::NewGrid);
     EXPECT_EQ(shell.questions.size(), 2u);
+    EXPECT_EQ(editor.Terrain().heights, HeightGrid(4, 4, 1.0f)) << "a new grid at the water's ground level";
+    EXPECT_FALSE(editor.CanUndo());
+    EXPECT_TRUE(editor.Terrain().terrainChanged) << "the open track's file holds another terrain";
 }

@@ -149,3 +149,15 @@ TEST_F(MainWindowTest, TerrainNewOpensTheSettingsAndOkCreatesTheTerrain) {
     EXPECT_EQ(Session().Terrain().columns, 102);
     EXPECT_TRUE(window->mnuTerrainSettings->isEnabled());
 }
+
+TEST_F(MainWindowTest, TerrainNewThenCancelLeavesTheTerrainTheTrackAndTheUndoStepsAsTheyWere) {
+    StartOnDemo();
+    Action("mnuFlip")->trigger();
+    const HeightGrid heights = Session().Terrain().heights;
+    shell.answers = {Answer::Yes};
+    WhenShown<frmTeraSettings>(window.get(), [](frmTeraSettings& d) { Click(d.btnMain[1]); });
+    window->mnuNewTerrain->trigger();
+    EXPECT_EQ(Session().Terrain().heights, heights);
+    EXPECT_TRUE(Session().Terrain().terrainPresent && Session().CanUndo());
+    EXPECT_EQ(window->windowTitle(), "CorvantaLandwright - Demo");
+}
