@@ -235,6 +235,8 @@ private:
     // normals and block bounds around them, or the whole mesh when the whole grid changed.
     void RefreshMesh(const GridRect& changed);
     void CopyTerrainToTrack();
+    // The path at the top of the recent files (when they are remembered), without a window refresh.
+    void RememberRecentFile(const std::string& path);
     void PlaceCameraAtStart();
     // The terrain was replaced, removed or restyled: rebuild the mesh, put the camera back if asked,
     // reload textures, redraw, refresh the window.

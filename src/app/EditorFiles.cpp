@@ -43,29 +43,29 @@ void Editor::OpenTrack(const std::string& requested) {
         Dialogs().ShowMessage("Track File Not Found.", kWarningTitle, MessageIcon::Exclamation);
         return;
     }
-    // The reader keeps the environment names of the file read before when the new one has none.
+    // Read beside the open track, so that a damaged file leaves it (and its unsaved edits) alone. The
+    // reader keeps the environment names of the file read before when the new one has none.
     TrackDocument opened = document_.track;
-    if (!ReadTrackFile(path, opened)) {
-        document_.track = std::move(opened);
-        document_.terrain.trackPresent = false;
-        Dialogs().ShowMessage("Invalid Track File.", kWarningTitle, MessageIcon::Exclamation);
-        notify_.RenderScene();
-        notify_.UpdateUI();
+    const TrackReadResult read = ReadTrackFile(path, opened);
+    if (!read) {
+        Dialogs().ShowMessage("Invalid Track File.\n" + path + "\n" + read.message, kWarningTitle,
+                              MessageIcon::Exclamation);
         return;
     }
     OpenTrackDocument(std::move(opened), path);
 }
 
 void Editor::OpenTrackDocument(TrackDocument opened, const std::string& path) {
+    // The question comes first: until it is answered the window shows the session as it was.
+    const TerrainOnOpen choice = DecideTerrainOnOpen(opened);
     TerrainModel& terrain = document_.terrain;
+    // A track is present when it has at least one stretch to trace.
+    terrain.trackPresent = TraceTrack(opened, view_.spine);
     document_.track = std::move(opened);
     terrain.trackFolder = DerivedTrackFolder(path);
     terrain.trackFilePath = path;
-    AddRecentFile(path);
-    // A track is present when it has at least one stretch to trace.
-    terrain.trackPresent = TraceTrack(document_.track, view_.spine);
-    terrain.terrainChanged = false;
-    switch (DecideTerrainOnOpen(document_.track)) {
+    RememberRecentFile(path);
+    switch (choice) {
     case TerrainOnOpen::TakeTracks:
         // A track that cannot be traced does not hand over its terrain.
         if (terrain.trackPresent) {
@@ -86,6 +86,12 @@ void Editor::OpenTrackDocument(TrackDocument opened, const std::string& path) {
     case TerrainOnOpen::Keep:
         break;
     }
+    // A terrain kept in the editor that the track's file does not hold (none there, or another one)
+    // is lost on leaving without saving.
+    const TerrainRecord& record = Track().terrain;
+    terrain.terrainChanged =
+        terrain.terrainPresent &&
+        !(record.terrainInTrack && record.terrain == static_cast<const TerrainData&>(terrain));
     ShowTerrain(true);
 }
 
@@ -139,6 +145,11 @@ void Editor::SaveTrackAs() {
 }
 
 void Editor::AddRecentFile(const std::string& path) {
+    RememberRecentFile(path);
+    notify_.UpdateUI();
+}
+
+void Editor::RememberRecentFile(const std::string& path) {
     if (settings_.rmbrRecents) {
         auto& paths = settings_.recentPaths;
         auto& titles = settings_.recentTitles;
@@ -155,7 +166,6 @@ void Editor::AddRecentFile(const std::string& path) {
         paths[0] = path;
         titles[0] = TrackTitle(path);
     }
-    notify_.UpdateUI();
 }
 
 void Editor::ClearRecentFiles() {

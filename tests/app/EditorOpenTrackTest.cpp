@@ -11,26 +11,42 @@ TEST_F(EditorTest, OpenWithoutAPathAsksForATrackFileInTheTrackFolderAndCancelCha
     EXPECT_FALSE(editor.Terrain().trackPresent);
 }
 
-TEST_F(EditorTest, BadNamesMissingFilesAndBadFilesEachGetTheirWarningAndABadFileDropsTheTrackOnly) {
-    editor.OpenTrack(WriteTrack("good.cvtrack", 0));
-    ASSERT_TRUE(editor.Terrain().trackPresent);
-    GiveEditorTerrain();
-    WriteText(folder.File("bad.cvtrack"), "CRVT not a track");
-    const std::pair<std::string, const char*> cases[] = {
+TEST_F(EditorTest, BadNamesMissingFilesAndDamagedFilesAreReportedAndLeaveTheOpenTrackAndItsEditsAlone) {
+    const std::string good = WriteTrack("good.cvtrack", 4);
+    editor.OpenTrack(good);
+    EditHeight(1, 1, 33.0f);
+    const int updates = shell.uiUpdates;
+    const std::string bad = folder.File("bad.cvtrack"), cut = folder.File("cut.cvtrack");
+    WriteText(bad, "CRVT not a track");
+    std::vector<std::uint8_t> bytes = ReadBytes(good);
+    bytes.resize(bytes.size() - 40);
+    WriteBytes(cut, bytes);
+    // The reader's own reason, as the line after the file's name.
+    const auto reason = [](const std::string& path) {
+        TrackDocument scratch;
+        return ReadTrackFile(path, scratch).message;
+    };
+    ASSERT_FALSE(reason(cut).empty());
+    const std::pair<std::string, std::string> cases[] = {
         {folder.File("notes.txt"), "Invalid Track Filename."},
         {folder.File("absent.cvtrack"), "Track File Not Found."},
-        {folder.File("bad.cvtrack"), "Invalid Track File."}};
+        {bad, "Invalid Track File.\n" + bad + "\n" + reason(bad)},
+        {cut, "Invalid Track File.\n" + cut + "\n" + reason(cut)}};
     for (const auto& [path, message] : cases) {
         shell.messages.clear();
         editor.OpenTrack(path);
         EXPECT_EQ(OnlyMessage().text, message);
+        EXPECT_EQ(OnlyMessage().title, "Warning");
         EXPECT_EQ(OnlyMessage().icon, MessageIcon::Exclamation);
     }
+    EXPECT_EQ(shell.uiUpdates, updates) << "the window goes on showing the open track";
     EXPECT_EQ(editor.Settings().recentTitles[0], "good");
-    EXPECT_FALSE(editor.Terrain().trackPresent);
-    EXPECT_TRUE(editor.Track().bezier.vertices.empty());
-    EXPECT_TRUE(editor.Terrain().terrainPresent && editor.Terrain().heights.At(0, 0) == 42.0f)
-        << "the terrain stays";
+    EXPECT_TRUE(editor.Terrain().trackPresent && editor.Terrain().terrainChanged);
+    EXPECT_EQ(editor.Track().bezier.vertices, MakeSampleTrack().bezier.vertices);
+    ASSERT_TRUE(editor.SaveTrack(good)) << "the edits can still be saved";
+    TrackDocument saved;
+    ASSERT_TRUE(ReadTrackFile(good, saved));
+    EXPECT_EQ(saved.terrain.terrain.heights.At(1, 1), 33.0f);
 }
 
 TEST_F(EditorTest, WithoutATerrainInTheEditorNothingIsAskedAndTheTracksTerrainIfAnyIsLoaded) {
@@ -75,6 +91,10 @@ TEST_P(EditorTerrainChoiceTest, FollowsTheSettingOrTheAnswerAndASaveWritesTheTer
         << "undo steps go with the terrain they were taken of";
     EXPECT_EQ(editor.Settings().*setting, c.expectSettingAfter);
     EXPECT_TRUE(editor.Terrain().trackPresent);
+    EXPECT_EQ(editor.Terrain().terrainChanged, c.expectColumns == 3)
+        << "a kept terrain the track's file does not hold is an unsaved change";
+    if (c.expectColumns == 3) shell.answers.push_back(Answer::No);
+    EXPECT_EQ(editor.ConfirmClose(), c.expectColumns != 3) << "leaving asks, and No stays";
     // Saving writes the terrain the editor ended with into the track, or none.
     ASSERT_TRUE(editor.SaveTrack(path));
     TrackDocument saved;
@@ -95,6 +115,29 @@ INSTANTIATE_TEST_SUITE_P(
         TerrainChoice{false, 0, AskResult{1, false}, 3, 0}, TerrainChoice{false, 0, AskResult{0, true}, 0, 1},
         TerrainChoice{false, 0, AskResult{1, true}, 3, 2}, TerrainChoice{false, 1, std::nullopt, 0, 1},
         TerrainChoice{false, 2, std::nullopt, 3, 2}));
+
+TEST_F(EditorTest, KeepingTheTerrainTheTrackHoldsIsNoChangeAndTheWindowChangesOnlyOnceTheOpenIsDone) {
+    const std::string first = WriteTrack("first.cvtrack", 5);
+    editor.OpenTrack(first);
+    ChangeSettings([](AppSettings& s) { s.askLoadTrackTerrain = 2; });
+    editor.OpenTrack(first);
+    EXPECT_FALSE(editor.Terrain().terrainChanged) << "the kept terrain is the one the file holds";
+
+    const int updates = shell.uiUpdates;
+    ChangeSettings([](AppSettings& s) { s.askLoadTrackTerrain = 0; });
+    shell.askChoices.push_back({0, false});
+    int updatesWhileAsked = -1;
+    std::string captionWhileAsked;
+    shell.whileAsking = [&](AskKind) {
+        updatesWhileAsked = shell.uiUpdates;
+        captionWhileAsked = editor.Caption();
+    };
+    editor.OpenTrack(WriteTrack("second.cvtrack", 6));
+    EXPECT_EQ(updatesWhileAsked, updates + 1) << "no window refresh but the settings' own";
+    EXPECT_EQ(captionWhileAsked, "CorvantaLandwright - first");
+    EXPECT_EQ(editor.Caption(), "CorvantaLandwright - second");
+    EXPECT_GT(shell.uiUpdates, updatesWhileAsked);
+}
 
 TEST_F(EditorTest, TrackFolderTakesAsManyCharactersAsTheFileNameHas) {
     EXPECT_EQ(DerivedTrackFolder("C:\\ab\\c.cvtrack"), "C:\\ab\\c.c");
