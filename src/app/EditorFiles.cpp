@@ -201,13 +201,17 @@ void Editor::RideTrack() {
     const std::string simulator = SimulatorPath();
     std::error_code ec;
     const auto status = std::filesystem::status(simulator, ec);
-    const bool runnable =
-        !ec && std::filesystem::is_regular_file(status) &&
-        (status.permissions() & std::filesystem::perms::owner_exec) != std::filesystem::perms::none;
-    if (!runnable) {
+    if (ec || !std::filesystem::is_regular_file(status)) {
         Dialogs().ShowMessage("Warning - Corvanta Simulator not found.\n"
                               "Corvanta Landwright must be in the same folder as Corvanta Simulator",
                               "Warning!", MessageIcon::Exclamation);
+        return;
+    }
+    // Found but not allowed to run (copied without its permissions, say): a different fix for the user.
+    if ((status.permissions() & std::filesystem::perms::owner_exec) == std::filesystem::perms::none) {
+        Dialogs().ShowMessage(
+            "Warning - Corvanta Simulator cannot be started: the file is not executable.\n" + simulator,
+            "Warning!", MessageIcon::Exclamation);
         return;
     }
     if (!SaveTrack(Terrain().trackFilePath)) return;
@@ -216,5 +220,15 @@ void Editor::RideTrack() {
 }
 
 void Editor::OpenHelpIndex() {
-    Dialogs().OpenWithDesktop(HelpIndexPath());
+    const std::string manual = HelpIndexPath();
+    if (!FileExists(manual)) {
+        Dialogs().ShowMessage("The manual was not found. It belongs here:\n" + manual, kWarningTitle,
+                              MessageIcon::Exclamation);
+        return;
+    }
+    if (!Dialogs().OpenWithDesktop(manual))
+        Dialogs().ShowMessage("The manual could not be shown: no program to open it was found.\n"
+                              "Open this file in a web browser:\n" +
+                                  manual,
+                              kWarningTitle, MessageIcon::Exclamation);
 }

@@ -81,13 +81,21 @@ TEST_F(EditorTest, ExitAsksOnlyWithUnsavedChangesAndNoKeepsRunning) {
     EXPECT_EQ(shell.questions[0].defaultAnswer, Answer::No);
 }
 
-TEST_F(EditorTest, RidingWarnsWithoutARunnableSimulatorElseSavesFirstAndStartsItOnTheTrack) {
+TEST_F(EditorTest, RidingWarnsOfAMissingOrNotExecutableSimulatorElseSavesFirstAndStartsItOnTheTrack) {
     const std::string path = WriteTrack("ride.cvtrack", 4);
     editor.OpenTrack(path);
     EditHeight(1, 1, 12.25f);
     const std::vector<std::uint8_t> before = ReadBytes(path);
-    WriteText(editor.SimulatorPath(), "#!/bin/sh\n");
     editor.RideTrack();
+    EXPECT_EQ(OnlyMessage().text, "Warning - Corvanta Simulator not found.\n"
+                                  "Corvanta Landwright must be in the same folder as Corvanta Simulator");
+    shell.messages.clear();
+    WriteText(editor.SimulatorPath(), "#!/bin/sh\n");
+    fs::permissions(editor.SimulatorPath(), fs::perms::owner_read | fs::perms::owner_write);
+    editor.RideTrack();
+    EXPECT_NE(OnlyMessage().text.find("not executable"), std::string::npos) << OnlyMessage().text;
+    EXPECT_NE(OnlyMessage().text.find(editor.SimulatorPath()), std::string::npos) << "names the file";
+    EXPECT_EQ(OnlyMessage().title, "Warning!");
     EXPECT_EQ(OnlyMessage().icon, MessageIcon::Exclamation);
     EXPECT_TRUE(shell.started.empty());
     EXPECT_EQ(ReadBytes(path), before) << "nothing saved";
@@ -132,7 +140,23 @@ TEST_F(EditorTest,
     EXPECT_TRUE(shell.saveDialogs.empty());
 }
 
-TEST_F(EditorTest, HelpOpensTheManualBesideTheProgram) {
+TEST_F(EditorTest, HelpOpensTheManualBesideTheProgramAndSaysWhereItIsWhenItCannot) {
+    const std::string manual = folder.File("help/landwright/index.htm");
     editor.OpenHelpIndex();
-    EXPECT_EQ(shell.openedDocuments, (std::vector<std::string>{folder.File("help/landwright/index.htm")}));
+    EXPECT_TRUE(shell.openedDocuments.empty());
+    EXPECT_NE(OnlyMessage().text.find(manual), std::string::npos)
+        << "a missing manual: " << OnlyMessage().text;
+    fs::create_directories(folder.File("help/landwright"));
+    WriteText(manual, "<html></html>");
+    shell.messages.clear();
+    shell.openSucceeds = false; // no browser
+    editor.OpenHelpIndex();
+    EXPECT_NE(OnlyMessage().text.find(manual), std::string::npos)
+        << "nothing to show it: " << OnlyMessage().text;
+    EXPECT_EQ(OnlyMessage().icon, MessageIcon::Exclamation);
+    shell.messages.clear();
+    shell.openSucceeds = true;
+    editor.OpenHelpIndex();
+    EXPECT_TRUE(shell.messages.empty());
+    EXPECT_EQ(shell.openedDocuments, (std::vector<std::string>{manual, manual}));
 }
