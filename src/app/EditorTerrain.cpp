@@ -97,6 +97,7 @@ void Editor::DeleteTerrain() {
 
 void Editor::RemoveTrackData() {
     if (!Terrain().trackPresent) return;
+    // "tress" is the product's own spelling of the question, kept as it is.
     if (Dialogs().Ask(
             "Warning!  This will completely remove the track structure from the scene (including tress)!\n"
             "Are you sure you wish to continue?",
