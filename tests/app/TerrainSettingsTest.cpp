@@ -183,3 +183,26 @@ TEST_F(EditorTest, NewOnlyAsksAndItsSettingsReplaceTheTerrainWithANewGridWithout
     EXPECT_FALSE(editor.CanUndo());
     EXPECT_TRUE(editor.Terrain().terrainChanged) << "the open track's file holds another terrain";
 }
+
+TEST_F(EditorTest, ReplaceTerrainAsksOnlyOverATerrainAndARefusalOrAFailedFillChangesNothing) {
+    int asked = 0;
+    TerrainReplacement how;
+    how.confirmOverwrite = [&asked] { return ++asked > 1; }; // No, then Yes
+    how.applyDefaults = true;
+    const auto fill = [](TerrainData& t) {
+        NewTerrainGrid(t, 4, 4);
+        return true;
+    };
+    EXPECT_TRUE(editor.ReplaceTerrain(fill, how));
+    EXPECT_EQ(asked, 0) << "nothing to overwrite";
+    EXPECT_EQ(editor.Terrain().groundTexture, kDefaultGroundTexture) << "the defaults filled in";
+    editor.FlipArea();
+    const TerrainModel before = editor.Terrain();
+    EXPECT_FALSE(editor.ReplaceTerrain(fill, how));
+    EXPECT_FALSE(editor.ReplaceTerrain([](TerrainData&) { return false; }, {}));
+    EXPECT_EQ(static_cast<const TerrainData&>(editor.Terrain()), static_cast<const TerrainData&>(before));
+    EXPECT_TRUE(editor.CanUndo() && editor.Terrain().terrainChanged);
+    EXPECT_TRUE(editor.ReplaceTerrain(fill, how));
+    EXPECT_EQ(asked, 2);
+    EXPECT_FALSE(editor.CanUndo() || editor.Terrain().terrainChanged) << "steps go with the old terrain";
+}
