@@ -31,7 +31,7 @@ void Frame(benchmark::State& state) {
     View().Options().cullBlocks = state.range(2) == 1;
     pbOpenGL& view = ViewShowing(scene);
     for (auto _ : state) {
-        RenderScene(scene.editor, view.ViewState(), view.Options());
+        RenderScene(MakeRenderInput(scene.editor), view.ViewState(), view.Options());
         glFinish();
     }
     state.counters["textured"] = view.ViewState().terrainTexture != 0 && s.viewTextures ? 1 : 0;

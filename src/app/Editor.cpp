@@ -133,10 +133,7 @@ void Editor::UpdateCursorHeight() {
         cursor.y = 0.0f;
         return;
     }
-    const int column =
-        std::clamp(GridIndexUnder(cursor.x, terrain.spacingX), 0, terrain.heights.Columns() - 1);
-    const int row = std::clamp(GridIndexUnder(cursor.z, terrain.spacingZ), 0, terrain.heights.Rows() - 1);
-    cursor.y = terrain.heights.At(row, column);
+    cursor.y = HeightUnder(terrain, cursor.x, cursor.z);
 }
 
 void Editor::AfterTerrainReplaced(bool resetCamera) {

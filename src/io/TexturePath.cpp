@@ -1,6 +1,7 @@
 #include "TexturePath.h"
 
 #include "PathUtil.h"
+#include "mPictureLoader.h"
 
 #include <algorithm>
 #include <cctype>
@@ -62,4 +63,9 @@ std::optional<std::string> ResolveTexturePath(const std::string& programFolder,
         resolved /= part;
     }
     return resolved.string();
+}
+
+bool LoadTexturePicture(const std::string& programFolder, const std::string& storedPath, cDIBSection& image) {
+    const std::optional<std::string> file = ResolveTexturePath(programFolder, storedPath);
+    return file && LoadPictureFile(*file, image);
 }

@@ -2,6 +2,8 @@
 // Texture paths as track files and settings store them: relative to the program's folder, with
 // backslashes ("teratextures\GrassTerrain.jpg") because the simulator reads the same files.
 
+#include "cDIBSection.h"
+
 #include <optional>
 #include <string>
 
@@ -15,3 +17,7 @@ bool IsRelativeTexturePath(const std::string& path);
 // stored path is not relative.
 std::optional<std::string> ResolveTexturePath(const std::string& programFolder,
                                               const std::string& storedPath);
+
+// Loads the picture a stored texture path names (resolved as above) into image. False, leaving
+// image as it was, when the path is not relative or the file cannot be read as a picture.
+bool LoadTexturePicture(const std::string& programFolder, const std::string& storedPath, cDIBSection& image);

@@ -1,10 +1,9 @@
 #pragma once
-// Drawing one frame of the 3D view: terrain, water, trees, supports, guidelines, the track and the
-// terrain cursor, each under its view switch.
+// Drawing one frame of the 3D view from a RenderInput: terrain, water, trees, supports,
+// guidelines, the track and the terrain cursor, each under its view switch.
 
+#include "RenderInput.h"
 #include "modOpenGL.h"
-
-class Editor;
 
 struct RenderOptions {
     // Send only the blocks of terrain cells the camera can see. The picture is the same either
@@ -12,13 +11,13 @@ struct RenderOptions {
     bool cullBlocks = true;
 };
 
-void RenderScene(const Editor& editor, const GLViewState& state, const RenderOptions& options = {});
+void RenderScene(const RenderInput& in, const GLViewState& state, const RenderOptions& options = {});
 
 // Parts of the frame, used by RenderScene.
-void DrawTerrain(const Editor& editor, const GLViewState& state, const RenderOptions& options);
-void DrawWater(const Editor& editor, const GLViewState& state, const RenderOptions& options);
-void DrawTrees(const Editor& editor);
-void DrawSupports(const Editor& editor, const GLViewState& state);
-void DrawGuidelines(const Editor& editor);
-void DrawTrack(const Editor& editor);
-void DrawCursor(const Editor& editor, const GLViewState& state);
+void DrawTerrain(const RenderInput& in, const GLViewState& state, const RenderOptions& options);
+void DrawWater(const RenderInput& in, const GLViewState& state, const RenderOptions& options);
+void DrawTrees(const RenderInput& in);
+void DrawSupports(const RenderInput& in, const GLViewState& state);
+void DrawGuidelines(const RenderInput& in);
+void DrawTrack(const RenderInput& in);
+void DrawCursor(const RenderInput& in, const GLViewState& state);

@@ -2,6 +2,7 @@
 
 #include "frmSplash.h"
 #include "mPictureLoader.h"
+#include "RenderInputFromEditor.h"
 #include "pbOpenGL.h"
 
 #include <QApplication>
@@ -25,7 +26,7 @@ frmMain::frmMain(const QString& programFolder, QWidget* parent)
     setObjectName("frmMain");
     InstallQtPictureDecoder();
     view = new pbOpenGL(this);
-    view->SetEditor(&editor_);
+    view->SetInputSource([this] { return MakeRenderInput(editor_); });
     setCentralWidget(view);
     BuildMenus();
     BuildNavigationBar();

@@ -16,7 +16,6 @@
 #include <QTimer>
 #include <QToolBar>
 
-#include <cmath>
 
 namespace {
 
@@ -24,9 +23,6 @@ namespace {
 // turns 50 degrees a second.
 constexpr int kKeyboardTickMs = 20;
 constexpr int kMouseTickMs = 20;
-// Mouse-look turns a quarter of a degree per pixel; a cursor drag moves half a unit per pixel.
-constexpr float kLookDegreesPerPixel = 0.25f;
-constexpr float kCursorUnitsPerPixel = 0.5f;
 
 QLabel* PositionLabel(QWidget* parent, const QString& name) {
     auto* label = new QLabel("000.00", parent);
@@ -202,19 +198,9 @@ void frmMain::ViewMouseDelta(int dx, int dy) {
     }
     if (TerrainMode()) {
         if (!editor_.terrain.terrainPresent) return;
-        // Right in the view moves the cursor to the camera's right, up moves it away from the camera.
-        const double yaw = editor_.camera.yaw * 0.0174532925;
-        const double right = dx * kCursorUnitsPerPixel;
-        const double ahead = -dy * kCursorUnitsPerPixel;
-        const float high = 512.0f - editor_.terrain.spacingX;
-        CursorState& cursor = editor_.cursor;
-        cursor.x = std::clamp(static_cast<float>(cursor.x + right * std::cos(yaw) - ahead * std::sin(yaw)),
-                              -512.0f, high);
-        cursor.z = std::clamp(static_cast<float>(cursor.z - right * std::sin(yaw) - ahead * std::cos(yaw)),
-                              -512.0f, high);
+        CursorDragStep(editor_.cursor, editor_.camera, dx, dy, editor_.terrain.spacingX);
     } else {
-        editor_.camera.yaw -= static_cast<float>(dx) * kLookDegreesPerPixel;
-        editor_.camera.pitch -= static_cast<float>(dy) * kLookDegreesPerPixel; // pointer up looks up
+        MouseLookStep(editor_.camera, dx, dy);
     }
     UpdatePositionLabels();
     RenderScene();
@@ -239,11 +225,8 @@ void frmMain::MouseMoveTick() {
     modifiers.shift = held & Qt::ShiftModifier;
     modifiers.control = held & Qt::ControlModifier;
     modifiers.extraFast = keyState_.count(Qt::Key_B) > 0;
-    const float s = MovementSpeed(modifiers);
-    MoveAlongView(editor_.camera, mouseDirection_ == 1 ? s : -s);
     const std::optional<SceneGround> ground = editor_.Ground();
-    ClampToScene(editor_.camera, ground ? ground->spacingX : 0.0f);
-    if (ground && editor_.settings.stayAbove) ApplyGroundRule(editor_.camera, *ground);
+    MouseFlyStep(editor_.camera, mouseDirection_ == 1, modifiers, ground ? &*ground : nullptr, editor_.settings.stayAbove);
     UpdatePositionLabels();
     RenderScene();
 }

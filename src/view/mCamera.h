@@ -8,6 +8,7 @@
 #include "RenderMesh.h"
 
 #include <string>
+#include <vector>
 
 struct CameraState {
     float x = 0.0f;
@@ -70,6 +71,25 @@ void ResetCamera(CameraState& camera, const SceneGround* ground);
 
 // Puts the cursor 50 units ahead of the camera, clamped like the camera.
 void MoveCursorIntoView(CursorState& cursor, const CameraState& camera, float spacingX);
+
+// Mouse-look: a quarter of a degree per pixel the pointer moved from the view's centre; right
+// turns right, up looks up.
+void MouseLookStep(CameraState& camera, int dx, int dy);
+
+// One tick of flying with the mouse buttons: forward or backward along the view at the speed the
+// modifier keys choose, then clamped to the scene and, with stayAbove, kept above the ground.
+void MouseFlyStep(CameraState& camera, bool forward, const HeldKeys& modifiers, const SceneGround* ground,
+                  bool stayAbove);
+
+// Dragging the terrain cursor: half a unit per pixel, right in the view to the camera's right and
+// up away from the camera (along the camera's yaw only), clamped like the camera.
+void CursorDragStep(CursorState& cursor, const CameraState& camera, int dx, int dy, float spacingX);
+
+// The grid points the brush of radius size covers around the grid point under the cursor (each
+// axis clamped into the grid), row by row: where the brush points are drawn. A point below the
+// water line sits on the water surface (height 0) when onWater.
+std::vector<Vector3> BrushPoints(const TerrainData& terrain, const CursorState& cursor, int size,
+                                 bool onWater);
 
 // A position as the labels show it: at least three integer digits and two decimals ("003.14",
 // "-002.50").

@@ -1,6 +1,7 @@
 // The 3D view drawn for real (Mesa under Xvfb): each test sets up a scene, grabs the frame and
 // looks at its pixels.
 #include "Editor.h"
+#include "RenderInputFromEditor.h"
 #include "SampleTrack.h"
 #include "ScriptedShell.h"
 #include "mPictureLoader.h"
@@ -48,7 +49,7 @@ protected:
         editor.settings.viewTextures = false;
         editor.settings.noLights = true; // exact colours until lighting is tested
         editor.settings.sculptSize = 0;
-        view.SetEditor(&editor);
+        view.SetInputSource([this] { return MakeRenderInput(editor); });
         view.resize(320, 240); // the view's smallest size
         view.show();
         QApplication::processEvents();

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -110,4 +111,65 @@ TEST(CameraLabels, ShowThreeIntegerDigitsAndTwoDecimals) {
                                                    {511.999f, "512.00"}, {1234.5f, "1234.50"}};
     for (const auto& [value, label] : cases)
         EXPECT_EQ(FormatPositionLabel(value), label) << value;
+}
+
+TEST(CameraMouse, LookTurnsAQuarterDegreePerPixelAndFlyingMovesAlongTheViewWithinTheSceneAndAboveGround) {
+    CameraState camera = At(0.0f, 50.0f, 0.0f, 10.0f);
+    MouseLookStep(camera, 8, -4); // right and up
+    EXPECT_FLOAT_EQ(camera.yaw, 8.0f);
+    EXPECT_FLOAT_EQ(camera.pitch, 1.0f) << "pointer up looks up";
+
+    const auto fly = [](CameraState c, bool forward, HeldKeys modifiers = {},
+                        const SceneGround* ground = nullptr, bool stayAbove = false) {
+        MouseFlyStep(c, forward, modifiers, ground, stayAbove);
+        return c;
+    };
+    EXPECT_NEAR(fly(At(0, 50, 0), true).z, -1.0f, 1e-5f) << "ahead is -z at yaw 0";
+    EXPECT_NEAR(fly(At(0, 50, 0), false, {.shift = true}).z, 5.0f, 1e-5f) << "backward, at Shift speed";
+    EXPECT_EQ(fly(At(0, 50, -511.5f), true).z, -512.0f) << "the scene's edge stops it";
+    const Ground high(33, 100.0f);
+    EXPECT_EQ(fly(At(0, 50, 0), true, {}, &high.scene, true).y, 105.0f);
+    EXPECT_EQ(fly(At(0, 50, 0), true, {}, &high.scene, false).y, 50.0f) << "the ground rule only when asked";
+}
+
+TEST(CursorDrag, MovesHalfAUnitPerPixelRightAndAwayFromTheCameraAndStopsAtTheSceneEdges) {
+    struct Case {
+        float yaw;
+        int dx, dy;
+        float x, z; // the cursor, starting at (0, 0)
+    };
+    // At yaw 0 the camera looks along -z with +x on its right; at yaw 90 it looks along -x.
+    const Case cases[] = {
+        {0, 10, 0, 5, 0}, {0, 0, -10, 0, -5}, {90, 10, 0, 0, -5}, {90, 0, -10, -5, 0}, {0, 4, 6, 2, 3}};
+    for (const Case& c : cases) {
+        CursorState cursor;
+        CursorDragStep(cursor, At(0, 10, 0, c.yaw), c.dx, c.dy, 4.0f);
+        EXPECT_NEAR(cursor.x, c.x, 1e-4f) << c.yaw << " " << c.dx << " " << c.dy;
+        EXPECT_NEAR(cursor.z, c.z, 1e-4f) << c.yaw << " " << c.dx << " " << c.dy;
+    }
+    CursorState cursor{500.0f, 0.0f, -500.0f};
+    CursorDragStep(cursor, At(0, 10, 0), 40, 40, 4.0f);
+    EXPECT_EQ(cursor.x, 508.0f) << "512 less one cell";
+    CursorDragStep(cursor, At(0, 10, 0), -4000, -4000, 4.0f);
+    EXPECT_TRUE(cursor.x == -512.0f && cursor.z == -512.0f);
+}
+
+TEST(BrushPoints, CoverTheSquareAroundThePointUnderTheCursorCutAtTheGridAndSitOnTheWater) {
+    TerrainData t;
+    t.spacingX = t.spacingZ = 256.0f;
+    t.heights.Resize(5, 5);
+    for (int row = 0; row < 5; ++row)
+        for (int column = 0; column < 5; ++column)
+            t.heights.At(row, column) = static_cast<float>(10 * row + column);
+    t.heights.At(3, 3) = -4.0f;
+    std::vector<Vector3> points = BrushPoints(t, {0.0f, 0.0f, 0.0f}, 1, false);
+    ASSERT_EQ(points.size(), 9u) << "rows and columns 1 to 3 around point (2, 2)";
+    EXPECT_TRUE(points[0].x == -256.0f && points[0].y == 11.0f && points[0].z == -256.0f);
+    EXPECT_TRUE(points[1].x == 0.0f && points[1].y == 12.0f) << "along the row first";
+    EXPECT_EQ(points[8].y, -4.0f);
+    EXPECT_EQ(BrushPoints(t, {0.0f, 0.0f, 0.0f}, 1, true)[8].y, 0.0f) << "on the water surface";
+    points = BrushPoints(t, {900.0f, 0.0f, 900.0f}, 2, false);
+    ASSERT_EQ(points.size(), 9u) << "the corner point (4, 4), cut at the grid's edges";
+    EXPECT_TRUE(points[8].x == 512.0f && points[8].z == 512.0f && points[8].y == 44.0f);
+    EXPECT_TRUE(BrushPoints(TerrainData{}, {}, 3, false).empty());
 }

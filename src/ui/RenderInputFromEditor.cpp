@@ -1,0 +1,20 @@
+#include "RenderInputFromEditor.h"
+
+RenderInput MakeRenderInput(const Editor& editor) {
+    const AppSettings& s = editor.settings;
+    ViewSwitches view;
+    view.terrain = s.viewTerrain;
+    view.water = s.viewWater;
+    view.textures = s.viewTextures;
+    view.track = s.viewTrack;
+    view.guidelines = s.viewGuidelines;
+    view.supports = s.viewSupports;
+    view.trees = s.viewTrees;
+    view.clipTerrain = s.clipTerrain;
+    view.lights = !s.noLights;
+    view.waterTranslucent = s.useWaterTrans;
+    view.waterAlpha = s.waterTrans;
+    view.brushSize = s.sculptSize;
+    return {editor.terrain, editor.mesh,  editor.track,           editor.spine, editor.camera,
+            editor.cursor,  s.colorTable, editor.ProgramFolder(), view};
+}
