@@ -46,7 +46,6 @@ void frmMain::SetSplashStatus(const QString& text) {
 bool frmMain::Startup(const QString& commandLine) {
     ready_ = false;
     splash_ = new frmSplash(this);
-    connect(splash_, &QObject::destroyed, this, [this] { splash_ = nullptr; });
     splash_->show();
     QApplication::processEvents();
 

@@ -8,6 +8,7 @@
 #include "WidgetShell.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 #include <array>
 #include <memory>
@@ -200,7 +201,8 @@ private:
     Editor editor_;
     WidgetShell widgets_;
     Shell* interaction_;
-    frmSplash* splash_ = nullptr;
+    // Cleared by Qt when the splash closes itself (and safe while the window is being destroyed).
+    QPointer<frmSplash> splash_;
     bool ready_ = false;
     std::vector<std::pair<QAction*, bool AppSettings::*>> viewSwitches_;
     std::set<int> keyState_;        // Qt key codes held down
