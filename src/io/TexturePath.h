@@ -11,7 +11,8 @@
 bool IsRelativeTexturePath(const std::string& path);
 
 // The file to open for a stored texture path: the path with "\" turned into "/" under
-// programFolder. Where a folder or file of that exact name is missing, a name differing only in
+// programFolder (a path of the system's bytes), its Latin-1 letters turned into the UTF-8 of file
+// names. Where a folder or file of that exact name is missing, a name differing only in
 // case is taken (textures copied from case-blind file systems keep working). When nothing
 // matches, the path as written is returned, so the caller's error names it. nullopt when the
 // stored path is not relative.

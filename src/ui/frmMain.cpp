@@ -21,8 +21,7 @@ QString ProgramFolder() {
 }
 
 frmMain::frmMain(const QString& programFolder, QWidget* parent)
-    : QMainWindow(parent), editor_(*this, ToFileText(programFolder)), widgets_(this),
-      interaction_(&widgets_) {
+    : QMainWindow(parent), editor_(*this, ToPath(programFolder)), widgets_(this), interaction_(&widgets_) {
     setObjectName("frmMain");
     InstallQtPictureDecoder();
     view = new pbOpenGL(this);
@@ -33,7 +32,7 @@ frmMain::frmMain(const QString& programFolder, QWidget* parent)
     BuildSculptBar();
     SyncSculptControls();
     resize(1024, 768);
-    setWindowTitle(FromFileText(editor_.Caption()));
+    setWindowTitle(FromPath(editor_.Caption()));
 }
 
 frmMain::~frmMain() = default;
@@ -74,7 +73,7 @@ bool frmMain::Startup(const QString& commandLine) {
     path.remove('"');
     if (!path.isEmpty() && QFileInfo(path).isFile()) {
         SetSplashStatus("Opening Track...");
-        editor_.OpenTrack(ToFileText(path));
+        editor_.OpenTrack(ToPath(path));
     }
     editor_.ResetUndoHistory();
     UpdateUI();
@@ -121,12 +120,12 @@ std::optional<ByteColour> frmMain::ShowColourDialog(const ByteColour& initial) {
 bool frmMain::StartDetached(const std::string& program, const std::vector<std::string>& arguments) {
     QStringList list;
     for (const std::string& argument : arguments)
-        list << FromFileText(argument);
-    return QProcess::startDetached(FromFileText(program), list);
+        list << FromPath(argument);
+    return QProcess::startDetached(FromPath(program), list);
 }
 
 bool frmMain::OpenWithDesktop(const std::string& path) {
-    return QDesktopServices::openUrl(QUrl::fromLocalFile(FromFileText(path)));
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(FromPath(path)));
 }
 
 void frmMain::ReloadTextures() {

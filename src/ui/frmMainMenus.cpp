@@ -31,6 +31,7 @@ void frmMain::BuildMenus() {
 void frmMain::BuildFileMenu() {
     QMenu* menu = menuBar()->addMenu("&File");
     menu->setObjectName("mnuFile");
+    menu->setToolTipsVisible(true); // a recent track's tool tip is its whole path
     mnuOpen = AddEntry(menu, "mnuOpen", "&Open...", QKeySequence::Open);
     connect(mnuOpen, &QAction::triggered, this, &frmMain::mnuOpen_Click);
     menu->addSeparator();
@@ -133,7 +134,7 @@ void frmMain::SyncViewSwitches() {
 }
 
 void frmMain::UpdateUI() {
-    setWindowTitle(FromFileText(editor_.Caption()));
+    setWindowTitle(FromPath(editor_.Caption()));
     const TerrainModel& t = editor_.terrain;
     mnuSave->setEnabled(t.trackPresent);
     mnuSaveAs->setEnabled(t.trackPresent);
@@ -147,8 +148,8 @@ void frmMain::UpdateUI() {
         const std::string& path = editor_.settings.recentPaths[i];
         mnuRecent[i]->setVisible(!path.empty());
         mnuRecent[i]->setText(
-            QString("&%1 %2").arg(i + 1).arg(FromFileText(editor_.settings.recentTitles[i])));
-        mnuRecent[i]->setToolTip(FromFileText(path));
+            QString("&%1 %2").arg(i + 1).arg(ToMenuText(FromPath(editor_.settings.recentTitles[i]))));
+        mnuRecent[i]->setToolTip(FromPath(path));
         anyRecent = anyRecent || !path.empty();
     }
     mnuClearRecent->setEnabled(anyRecent);

@@ -71,3 +71,17 @@ TEST(TexturePicture, LoadsTheResolvedFileAndRefusesAbsoluteOrMissingPathsKeeping
         EXPECT_FALSE(LoadTexturePicture(home.Path().string(), path, loaded)) << path;
     EXPECT_TRUE(SamePixels(loaded, kept)) << "a failed load leaves the picture alone";
 }
+
+TEST(TexturePath, ProgramFoldersAndNamesWithLettersBeyondAsciiResolveToTheirUtf8Files) {
+    ScratchFolder scratch;
+    for (const char* home : {"Z\u00fcrich", "\u041a\u0438\u0440\u0438\u043b\u043b\u0438\u0446\u0430"}) {
+        const fs::path folder = scratch.Path() / home;
+        Touch(folder / "teratextures" / "Gr\u00fcn.jpg");
+        // The track stores the name as Latin-1 text.
+        const auto resolved = ResolveTexturePath(folder.string() + "/", "teratextures\\Gr\xfcn.jpg");
+        ASSERT_TRUE(resolved.has_value());
+        EXPECT_TRUE(FileExists(*resolved)) << *resolved;
+        // A name some other tool stored as UTF-8 is still found.
+        EXPECT_EQ(ResolveTexturePath(folder.string(), "teratextures\\Gr\u00fcn.jpg"), resolved);
+    }
+}
