@@ -1,7 +1,9 @@
-// The frame, and everything in it but the terrain and water: trees, supports, guidelines, the
-// track and the terrain cursor.
+// The frame, and everything in it but the terrain and water: the sky, trees, supports, guidelines,
+// the track and the terrain cursor.
 #include "SceneGeometry.h"
+#include "SkyGradient.h"
 #include "TerrainGrid.h"
+#include "modOpenGL.h"
 #include "modRender.h"
 
 #include <GL/gl.h>
@@ -61,12 +63,45 @@ void SphereAt(const GLViewState& state, const Vector3& p, double radius, const R
     glPopMatrix();
 }
 
+// The sky fills the whole frame behind everything: drawn first, in screen coordinates, without
+// depth, light or texture.
+void DrawSky(float pitch) {
+    glPushAttrib(GL_ENABLE_BIT | GL_DEPTH_BUFFER_BIT | GL_CURRENT_BIT);
+    glDisable(GL_DEPTH_TEST);
+    glDepthMask(GL_FALSE);
+    glDisable(GL_LIGHTING);
+    glDisable(GL_TEXTURE_2D);
+    glDisable(GL_BLEND);
+    glDisable(GL_CULL_FACE);
+    glMatrixMode(GL_PROJECTION);
+    glPushMatrix();
+    glLoadIdentity();
+    glMatrixMode(GL_MODELVIEW);
+    glPushMatrix();
+    glLoadIdentity();
+    glShadeModel(GL_SMOOTH);
+    glBegin(GL_QUAD_STRIP);
+    for (const SkyStop& stop : SkyGradient(pitch, static_cast<float>(kFieldOfView), 48)) {
+        SetColour(stop.colour);
+        glVertex2f(-1.0f, stop.screenY);
+        glVertex2f(1.0f, stop.screenY);
+    }
+    glEnd();
+    glShadeModel(GL_FLAT);
+    glPopMatrix();
+    glMatrixMode(GL_PROJECTION);
+    glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
+    glPopAttrib();
+}
+
 } // namespace
 
 void RenderScene(const RenderInput& in, const GLViewState& state, const RenderOptions& options) {
     if (!state.renderReady) return;
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    if (in.view.skybox) DrawSky(in.camera.pitch);
     // Blended water must not make the picture itself see-through.
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE);
     glColor3f(1.0f, 1.0f, 1.0f);

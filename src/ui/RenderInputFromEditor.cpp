@@ -10,6 +10,7 @@ RenderInput MakeRenderInput(const Editor& editor) {
     view.guidelines = s.viewGuidelines;
     view.supports = s.viewSupports;
     view.trees = s.viewTrees;
+    view.skybox = s.viewSkybox;
     view.clipTerrain = s.clipTerrain;
     view.lights = !s.noLights;
     view.waterTranslucent = s.useWaterTrans;

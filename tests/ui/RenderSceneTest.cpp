@@ -48,6 +48,7 @@ protected:
         editor.InitPaths();
         editor.settings.viewTextures = false;
         editor.settings.noLights = true; // exact colours until lighting is tested
+        editor.settings.viewSkybox = false; // an empty scene is the plain black background
         editor.settings.sculptSize = 0;
         view.SetInputSource([this] { return MakeRenderInput(editor); });
         view.resize(320, 240); // the view's smallest size
@@ -78,6 +79,24 @@ protected:
 };
 
 } // namespace
+
+TEST_F(RenderSceneTest, TheSkyIsLightAtTheHorizonDeepensUpwardsAndFollowsThePitch) {
+    editor.settings.viewSkybox = true;
+    editor.camera = {0.0f, 10.0f, 0.0f, 0.0f, 0.0f, 0.0f}; // level: the horizon across the middle
+    QImage frame = Frame();
+    const QColor top = frame.pixelColor(160, 0), middle = frame.pixelColor(160, 120);
+    EXPECT_NEAR(middle.redF(), 0.78, 0.03);
+    EXPECT_NEAR(middle.blueF(), 0.94, 0.03);
+    EXPECT_LT(top.redF(), middle.redF() - 0.1) << "deeper blue above";
+    EXPECT_GT(top.blueF(), top.redF());
+    EXPECT_EQ(frame.pixelColor(0, 60), frame.pixelColor(319, 60)) << "level bands across the view";
+    // Looking up, the horizon leaves the frame below and the middle shows higher, deeper sky.
+    editor.camera.pitch = 30.0f;
+    EXPECT_LT(Frame().pixelColor(160, 120).redF(), middle.redF() - 0.1);
+    // Looking down, the middle shows the haze below the horizon.
+    editor.camera.pitch = -45.0f;
+    EXPECT_LT(Frame().pixelColor(160, 120).blueF(), 0.5);
+}
 
 TEST_F(RenderSceneTest, TrackBrushAndWaterShowInTheirColoursWhereTheyAreAndLightShadesSlopes) {
     QImage frame = Frame();
