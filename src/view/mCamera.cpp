@@ -36,6 +36,22 @@ float MovementSpeed(const HeldKeys& keys) {
     return 1.0f;
 }
 
+float TickScale(double elapsedSeconds) {
+    return static_cast<float>(std::clamp(elapsedSeconds, 0.0, kLongestStepSeconds) / kNominalTickSeconds);
+}
+
+double StepClock::Elapsed(double nowSeconds) {
+    const double elapsed = started_ ? nowSeconds - previous_ : kNominalTickSeconds;
+    started_ = true;
+    previous_ = nowSeconds;
+    return elapsed;
+}
+
+void TurnCamera(CameraState& camera, float yawDegrees, float pitchDegrees) {
+    camera.yaw += yawDegrees;
+    camera.pitch = std::clamp(camera.pitch + pitchDegrees, -kPitchLimit, kPitchLimit);
+}
+
 void MoveAlongView(CameraState& camera, float distance) {
     const Matrix4 frame = ViewOrientation(camera);
     Vector3 offset;
@@ -45,8 +61,9 @@ void MoveAlongView(CameraState& camera, float distance) {
     camera.z += offset.z;
 }
 
-void KeyboardStep(CameraState& camera, const HeldKeys& keys, const SceneGround* ground, bool stayAbove) {
-    const float s = MovementSpeed(keys);
+void KeyboardStep(CameraState& camera, const HeldKeys& keys, const SceneGround* ground, bool stayAbove,
+                  double elapsedSeconds) {
+    const float s = MovementSpeed(keys) * TickScale(elapsedSeconds);
     if (keys.forward) MoveAlongView(camera, s);
     if (keys.backward) MoveAlongView(camera, -s);
     const double yaw = camera.yaw * kDegreesToRadians;
@@ -60,10 +77,9 @@ void KeyboardStep(CameraState& camera, const HeldKeys& keys, const SceneGround* 
     }
     if (keys.up) camera.y += s;
     if (keys.down) camera.y -= s;
-    if (keys.pitchUp) camera.pitch += s;
-    if (keys.pitchDown) camera.pitch -= s;
-    if (keys.yawLeft) camera.yaw += s;
-    if (keys.yawRight) camera.yaw -= s;
+    const float yawSigns = (keys.yawLeft ? 1.0f : 0.0f) - (keys.yawRight ? 1.0f : 0.0f);
+    const float pitchSigns = (keys.pitchUp ? 1.0f : 0.0f) - (keys.pitchDown ? 1.0f : 0.0f);
+    TurnCamera(camera, yawSigns * s, pitchSigns * s);
     ClampToScene(camera, ground ? ground->spacingX : 0.0f);
     if (stayAbove && ground) ApplyGroundRule(camera, *ground);
 }
