@@ -32,8 +32,9 @@ void Editor::InitPaths() {
 
 void Editor::LoadSettings() {
     ::LoadSettings(SettingsPath(), settings);
-    // A hand-edited file may hold sculpt settings out of range.
-    SetSculptTool(settings.sculptTool);
+    // A hand-edited file may hold sculpt settings out of range. Only the square tool changes
+    // heights, so a file naming the pyramid or curve tool starts with the square tool.
+    SetSculptTool(0);
     SetSculptMode(settings.sculptMode);
     SetSculptSize(settings.sculptSize);
 }

@@ -30,6 +30,7 @@ frmMain::frmMain(const QString& programFolder, QWidget* parent)
     BuildMenus();
     BuildNavigationBar();
     BuildSculptBar();
+    BuildStatusBar();
     SyncSculptControls();
     resize(1024, 768);
     setWindowTitle(FromPath(editor_.Caption()));
@@ -134,6 +135,7 @@ void frmMain::ReloadTextures() {
 
 void frmMain::RenderScene() {
     if (ready_) view->update();
+    UpdateStatusBar();
 }
 
 void frmMain::ResetCamera() {

@@ -13,10 +13,16 @@ QAction* AddEntry(QMenu* menu, const char* name, const QString& text, const QKey
     QAction* action = menu->addAction(text);
     action->setObjectName(name);
     if (!shortcut.isEmpty()) action->setShortcut(shortcut);
+    // A held key acts once: a repeated F5 would start the simulator again and again.
+    action->setAutoRepeat(false);
     return action;
 }
 
 } // namespace
+
+void AddAlternativeKeys(QAction* action, const QList<QKeySequence>& keys) {
+    action->setShortcuts(action->shortcuts() + keys);
+}
 
 void frmMain::BuildMenus() {
     BuildFileMenu();
@@ -45,6 +51,7 @@ void frmMain::BuildFileMenu() {
     connect(mnuClearRecent, &QAction::triggered, this, &frmMain::mnuClearRecent_Click);
     menu->addSeparator();
     mnuSave = AddEntry(menu, "mnuSave", "&Save", Qt::Key_F2);
+    AddAlternativeKeys(mnuSave, {QKeySequence(Qt::CTRL | Qt::Key_S)});
     connect(mnuSave, &QAction::triggered, this, &frmMain::mnuSave_Click);
     mnuSaveAs = AddEntry(menu, "mnuSaveAs", "Save &As...", Qt::Key_F12);
     connect(mnuSaveAs, &QAction::triggered, this, &frmMain::mnuSaveAs_Click);

@@ -19,8 +19,7 @@
 
 namespace {
 
-// A tick every 20 ms: at the base speed of one unit per tick the camera flies 50 units a second and
-// turns 50 degrees a second.
+// A tick every 20 ms, the nominal tick of the camera's speeds; a slower tick moves further per step.
 constexpr int kKeyboardTickMs = 20;
 constexpr int kMouseTickMs = 20;
 
@@ -67,7 +66,37 @@ void frmMain::BuildNavigationBar() {
     tmrMouseMove->setObjectName("tmrMouseMove");
     tmrMouseMove->setInterval(kMouseTickMs);
     connect(tmrMouseMove, &QTimer::timeout, this, &frmMain::MouseMoveTick);
+    steadyClock_.start();
+    stepClock_ = [this] { return static_cast<double>(steadyClock_.nsecsElapsed()) * 1e-9; };
     view->installEventFilter(this);
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
+        if (state != Qt::ApplicationActive) ClearHeldInput();
+    });
+    ReturnFocusAfterMenus();
+}
+
+void frmMain::ReturnFocusAfterMenus() {
+    // Esc on an open menu leaves the menu bar holding the keyboard, so the next key would pick a
+    // menu instead of flying; give the keys back to the view unless another menu opened meanwhile.
+    for (QAction* title : menuBar()->actions()) {
+        if (title->menu() == nullptr) continue;
+        connect(title->menu(), &QMenu::aboutToHide, this, [this] {
+            QTimer::singleShot(0, this, [this] {
+                if (QApplication::activePopupWidget() == nullptr && menuBar()->hasFocus()) view->setFocus();
+            });
+        });
+    }
+}
+
+void frmMain::ClearHeldInput() {
+    keyState_.clear();
+    pressedOnce_.clear();
+    tmrKeyboard->stop();
+    tmrMouseMove->stop();
+    mouseButtons_ = Qt::NoButton;
+    mouseDirection_ = 0;
+    sculpting_ = false;
+    ReleaseMouse();
 }
 
 bool frmMain::TerrainMode() const {
@@ -88,10 +117,12 @@ void frmMain::UpdatePositionLabels() {
         lblCameraPos[i]->setText(QString::fromStdString(FormatPositionLabel(camera[i])));
         lblCursorPos[i]->setText(QString::fromStdString(FormatPositionLabel(cursor[i])));
     }
+    UpdateStatusBar();
 }
 
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
     if (watched == view) {
+        if (event->type() == QEvent::FocusOut) ClearHeldInput();
         if (HandleViewKey(event) || HandleViewMouse(event)) return true;
     }
     return QMainWindow::eventFilter(watched, event);
@@ -107,6 +138,7 @@ bool frmMain::HandleViewKey(QEvent* event) {
         if (key->key() == Qt::Key_Space || key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)
             pressedOnce_.insert(key->key());
         if (!tmrKeyboard->isActive() || pressedOnce_.count(key->key())) {
+            if (!tmrKeyboard->isActive()) keyboardClock_.Restart();
             KeyboardTick(); // the first step at once, so a tap moves
             tmrKeyboard->start();
         }
@@ -133,7 +165,8 @@ void frmMain::KeyboardTick() {
     keys.control = held(Qt::Key_Control);
     keys.extraFast = held(Qt::Key_B);
     const std::optional<SceneGround> ground = editor_.Ground();
-    KeyboardStep(editor_.camera, keys, ground ? &*ground : nullptr, editor_.settings.stayAbove);
+    KeyboardStep(editor_.camera, keys, ground ? &*ground : nullptr, editor_.settings.stayAbove,
+                 keyboardClock_.Elapsed(stepClock_()));
     // Space and Enter act once per press.
     if (pressedOnce_.erase(Qt::Key_Space)) SetTerrainMode(!TerrainMode());
     if (pressedOnce_.erase(Qt::Key_Return) + pressedOnce_.erase(Qt::Key_Enter) > 0 &&
@@ -183,10 +216,12 @@ void frmMain::ViewMousePress(Qt::MouseButtons buttons) {
     // alone only looks around.
     mouseDirection_ = 0;
     if (!TerrainMode() && (buttons & Qt::RightButton)) mouseDirection_ = (buttons & Qt::LeftButton) ? 4 : 1;
-    if (mouseDirection_ != 0)
-        tmrMouseMove->start();
-    else
+    if (mouseDirection_ == 0) {
         tmrMouseMove->stop();
+    } else if (!tmrMouseMove->isActive()) {
+        mouseClock_.Restart();
+        tmrMouseMove->start();
+    }
 }
 
 void frmMain::ViewMouseDelta(int dx, int dy) {
@@ -226,7 +261,8 @@ void frmMain::MouseMoveTick() {
     modifiers.control = held & Qt::ControlModifier;
     modifiers.extraFast = keyState_.count(Qt::Key_B) > 0;
     const std::optional<SceneGround> ground = editor_.Ground();
-    MouseFlyStep(editor_.camera, mouseDirection_ == 1, modifiers, ground ? &*ground : nullptr, editor_.settings.stayAbove);
+    MouseFlyStep(editor_.camera, mouseDirection_ == 1, modifiers, ground ? &*ground : nullptr, editor_.settings.stayAbove,
+                 mouseClock_.Elapsed(stepClock_()));
     UpdatePositionLabels();
     RenderScene();
 }

@@ -41,6 +41,22 @@ float MovementSpeed(const HeldKeys& keys) {
     return 1.0f;
 }
 
+float TickScale(double elapsedSeconds) {
+    return static_cast<float>(std::clamp(elapsedSeconds, 0.0, kLongestStepSeconds) / kNominalTickSeconds);
+}
+
+double StepClock::Elapsed(double nowSeconds) {
+    const double elapsed = started_ ? nowSeconds - previous_ : kNominalTickSeconds;
+    started_ = true;
+    previous_ = nowSeconds;
+    return elapsed;
+}
+
+void TurnCamera(CameraState& camera, float yawDegrees, float pitchDegrees) {
+    camera.yaw += yawDegrees;
+    camera.pitch = std::clamp(camera.pitch + pitchDegrees, -kPitchLimit, kPitchLimit);
+}
+
 void MoveAlongView(CameraState& camera, float distance) {
     const Matrix4 frame = ViewOrientation(camera);
     Vector3 offset;
@@ -50,8 +66,9 @@ void MoveAlongView(CameraState& camera, float distance) {
     camera.z += offset.z;
 }
 
-void KeyboardStep(CameraState& camera, const HeldKeys& keys, const SceneGround* ground, bool stayAbove) {
-    const float s = MovementSpeed(keys);
+void KeyboardStep(CameraState& camera, const HeldKeys& keys, const SceneGround* ground, bool stayAbove,
+                  double elapsedSeconds) {
+    const float s = MovementSpeed(keys) * TickScale(elapsedSeconds);
     if (keys.forward) MoveAlongView(camera, s);
     if (keys.backward) MoveAlongView(camera, -s);
     const double yaw = camera.yaw * kDegreesToRadians;
@@ -65,10 +82,9 @@ void KeyboardStep(CameraState& camera, const HeldKeys& keys, const SceneGround* 
     }
     if (keys.up) camera.y += s;
     if (keys.down) camera.y -= s;
-    if (keys.pitchUp) camera.pitch += s;
-    if (keys.pitchDown) camera.pitch -= s;
-    if (keys.yawLeft) camera.yaw += s;
-    if (keys.yawRight) camera.yaw -= s;
+    const float yawSigns = (keys.yawLeft ? 1.0f : 0.0f) - (keys.yawRight ? 1.0f : 0.0f);
+    const float pitchSigns = (keys.pitchUp ? 1.0f : 0.0f) - (keys.pitchDown ? 1.0f : 0.0f);
+    TurnCamera(camera, yawSigns * s, pitchSigns * s);
     ClampToScene(camera, ground ? ground->spacingX : 0.0f);
     if (stayAbove && ground) ApplyGroundRule(camera, *ground);
 }
@@ -110,13 +126,13 @@ void MoveCursorIntoView(CursorState& cursor, const CameraState& camera, float sp
 }
 
 void MouseLookStep(CameraState& camera, int dx, int dy) {
-    camera.yaw -= static_cast<float>(dx) * kLookDegreesPerPixel;
-    camera.pitch -= static_cast<float>(dy) * kLookDegreesPerPixel; // pointer up looks up
+    // Pointer right turns right, pointer up looks up; the pitch stops at straight up and down.
+    TurnCamera(camera, -static_cast<float>(dx) * kLookDegreesPerPixel, -static_cast<float>(dy) * kLookDegreesPerPixel);
 }
 
 void MouseFlyStep(CameraState& camera, bool forward, const HeldKeys& modifiers, const SceneGround* ground,
-                  bool stayAbove) {
-    const float s = MovementSpeed(modifiers);
+                  bool stayAbove, double elapsedSeconds) {
+    const float s = MovementSpeed(modifiers) * TickScale(elapsedSeconds);
     MoveAlongView(camera, forward ? s : -s);
     ClampToScene(camera, ground ? ground->spacingX : 0.0f);
     if (ground && stayAbove) ApplyGroundRule(camera, *ground);
