@@ -3,6 +3,7 @@
 // one 1024 x 768 view to draw it in; and their main, which sets up Qt as the editor does.
 #include "DemoTrack.h"
 #include "Editor.h"
+#include "RenderInputFromEditor.h"
 #include "ScriptedShellForBench.h"
 #include "mPictureLoader.h"
 #include "pbOpenGL.h"
@@ -46,7 +47,7 @@ inline pbOpenGL& View() {
 // Shows scene in the view with its textures loaded and leaves the view's context current.
 inline pbOpenGL& ViewShowing(Scene& scene) {
     pbOpenGL& view = View();
-    view.SetEditor(&scene.editor);
+    view.SetInputSource([&scene] { return MakeRenderInput(scene.editor); });
     view.makeCurrent();
     view.RequestTextureReload();
     // A frame drawn by the widget itself loads the textures.

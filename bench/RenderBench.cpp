@@ -33,7 +33,7 @@ void Frame(benchmark::State& state) {
     View().Options().cullBlocks = state.range(2) == 1;
     pbOpenGL& view = ViewShowing(scene);
     for (auto _ : state) {
-        RenderScene(scene.editor, view.ViewState(), view.Options());
+        RenderScene(MakeRenderInput(scene.editor), view.ViewState(), view.Options());
         glFinish();
     }
     state.counters["textured"] =

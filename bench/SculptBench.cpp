@@ -50,7 +50,7 @@ void StepAndFrame(benchmark::State& state) {
     pbOpenGL& view = ViewShowing(scene);
     for (auto _ : state) {
         scene.editor.StrokeMove(NextMove());
-        RenderScene(scene.editor, view.ViewState(), view.Options());
+        RenderScene(MakeRenderInput(scene.editor), view.ViewState(), view.Options());
         glFinish();
     }
     view.doneCurrent();

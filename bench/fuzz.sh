@@ -1,32 +1,37 @@
 #!/usr/bin/env bash
-# Builds the fuzz targets with clang's libFuzzer and runs each for SECONDS (default 60), one after
-# the other. Findings (crash-*, leak-*, timeout-*) and logs land in build-fuzz/.
+# Builds the fuzz targets through CMake with clang's libFuzzer (build-fuzz/) and runs each for
+# SECONDS (default 60), one after the other. Findings (crash-*, leak-*, timeout-*, oom-*) and logs
+# land in build-fuzz/fuzz/. Exits non-zero when a fuzzer found something or could not run.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 seconds=${1:-60}
 . scripts/setup.sh
-lw_install_packages clang libclang-rt-dev
+lw_install_packages clang libclang-rt-dev cmake ninja-build
 
 out=build-fuzz
-mkdir -p "$out/corpus-track" "$out/corpus-settings"
-flags=(-std=c++20 -O1 -g -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=undefined -Isrc/core)
-core=(src/core/*.cpp)
+CC=clang CXX=clang++ cmake -S . -B "$out" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DLW_FUZZ=ON >/dev/null
+cmake --build "$out" --parallel "$(nproc)" --target fuzz-track-reader fuzz-settings make-fuzz-seeds
 
-clang++ "${flags[@]}" bench/fuzz/FuzzTrackReader.cpp "${core[@]}" -o "$out/fuzz-track-reader"
-clang++ "${flags[@]}" bench/fuzz/FuzzSettings.cpp "${core[@]}" -o "$out/fuzz-settings"
-
-# Seeds: small demo tracks, and a settings file in the editor's own layout.
-clang++ -std=c++20 -O1 -Isrc/core -Itools/demo bench/fuzz/make-seeds.cpp tools/demo/*.cpp "${core[@]}" \
-  -o "$out/make-seeds"
-"$out/make-seeds" "$out/corpus-track"
+dir=$out/fuzz
+rm -f "$dir"/crash-* "$dir"/leak-* "$dir"/timeout-* "$dir"/oom-*
+mkdir -p "$dir/corpus-track" "$dir/corpus-settings"
+"$dir/make-fuzz-seeds" "$dir/corpus-track"
 printf ';CorvantaLandwright\r\n\r\n[General]\r\nAskImportOverwrite=0\r\nWaterTrans=0.75\r\nRmbrViews=True\r\n[Colors]\r\nCR0=0.5\r\n[Recents]\r\nRF0=/tracks/a.cvtrack\r\n' \
-  >"$out/corpus-settings/seed.ini"
+  >"$dir/corpus-settings/seed.ini"
 
+failed=0
 run() {
-  local name=$1 corpus=$2
+  local name=$1 corpus=$2 status=0
   echo "== $name for $seconds s"
-  (cd "$out" && "./$name" -max_total_time="$seconds" -print_final_stats=1 -artifact_prefix="$name-" \
-    "$corpus" 2>&1 | tee "$name.log" | grep -E 'stat::|ERROR|SUMMARY|Done' || true)
+  (cd "$dir" && "./$name" -max_total_time="$seconds" -print_final_stats=1 -artifact_prefix="$name-" \
+    "$corpus" >"$name.log" 2>&1) || status=$?
+  grep -E 'stat::number_of_executed_units|ERROR|SUMMARY|Done' "$dir/$name.log" || true
+  if [ "$status" -ne 0 ] || compgen -G "$dir/$name-*" >/dev/null; then
+    echo "$name found a problem (exit $status); see $dir/$name.log and:" >&2
+    ls "$dir/$name"-* 2>/dev/null >&2 || true
+    failed=1
+  fi
 }
 run fuzz-track-reader corpus-track
 run fuzz-settings corpus-settings
+exit "$failed"

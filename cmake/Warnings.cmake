@@ -9,3 +9,9 @@ if(LW_SANITIZE)
                                                -fno-omit-frame-pointer)
   target_link_options(lw_warnings INTERFACE -fsanitize=address,undefined)
 endif()
+if(LW_FUZZ)
+  # Coverage instrumentation for libFuzzer on every target; the fuzz executables link the fuzzer main.
+  target_compile_options(lw_warnings INTERFACE -fsanitize=fuzzer-no-link,address,undefined
+                                               -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  target_link_options(lw_warnings INTERFACE -fsanitize=address,undefined)
+endif()

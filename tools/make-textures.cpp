@@ -1,9 +1,12 @@
 // make-textures FOLDER: paints every terrain, detail and water texture of textures/TextureList.h
 // and saves each as a JPEG file in FOLDER. The output depends on nothing but this program.
+#include "FileIO.h"
 #include "Recipes.h"
 #include "TextureList.h"
 
+#include <QBuffer>
 #include <QDir>
+#include <QFile>
 #include <QImage>
 #include <QString>
 
@@ -39,7 +42,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: make-textures FOLDER\n");
         return 2;
     }
-    const QString folder = QString::fromLocal8Bit(argv[1]);
+    const QString folder = QFile::decodeName(argv[1]);
     if (!QDir().mkpath(folder)) {
         std::fprintf(stderr, "make-textures: cannot create %s\n", argv[1]);
         return 1;
@@ -48,8 +51,15 @@ int main(int argc, char** argv) {
         const QString path = QDir(folder).filePath(
             QString::fromLatin1(entry.fileName.data(), static_cast<int>(entry.fileName.size())));
         const QImage image = ToImage(PaintTexture(entry.recipe, entry.size));
-        if (!image.save(path, "JPG", 90)) {
-            std::fprintf(stderr, "make-textures: cannot write %s\n", qPrintable(path));
+        // Encoded in memory and written as every file of the program is, so an interrupted build
+        // leaves no half-written picture behind.
+        QByteArray encoded;
+        QBuffer buffer(&encoded);
+        buffer.open(QIODevice::WriteOnly);
+        std::string error;
+        if (!image.save(&buffer, "JPG", 90) ||
+            !WriteFileAtomically(QFile::encodeName(path).toStdString(), encoded.toStdString(), error)) {
+            std::fprintf(stderr, "make-textures: cannot write %s %s\n", qPrintable(path), error.c_str());
             return 1;
         }
     }

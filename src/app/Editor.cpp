@@ -75,7 +75,9 @@ void Editor::ApplySettings(const AppSettings& settings) {
 }
 
 void Editor::KeepSculptSettingsInRange() {
-    SetSculptTool(CurrentSculptTool());
+    // Only the square tool changes heights, so settings naming the pyramid or curve tool start with
+    // the square tool.
+    SetSculptTool(SculptTool::Square);
     SetSculptMode(CurrentSculptMode());
     SetSculptSize(settings_.sculptSize);
 }

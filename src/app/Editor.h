@@ -169,16 +169,18 @@ public:
     // Back to the start position over the terrain (or at height 10 without one).
     void ResetView();
     void SetCamera(const CameraState& camera);
-    // One keyboard tick, with the ground rule when the camera is to stay above the ground.
-    void FlyByKeys(const HeldKeys& keys);
-    // A mouse-button tick: distance along the view (negative: backwards), kept in the scene.
-    void FlyAlongView(float distance);
-    // Mouse-look: yaw and pitch change by these many degrees.
-    void TurnCamera(float yawDegrees, float pitchDegrees);
+    // One keyboard tick, elapsedSeconds after the previous one, with the ground rule when the
+    // camera is to stay above the ground.
+    void FlyByKeys(const HeldKeys& keys, double elapsedSeconds);
+    // A mouse-button tick: forward or back along the view at the modifiers' speed, kept in the scene.
+    void FlyByMouse(bool forward, const HeldKeys& modifiers, double elapsedSeconds);
+    // Mouse-look by the pointer's offset in pixels; the pitch stops at straight up and down.
+    void LookByMouse(int dx, int dy);
     // The cursor to a world position, kept in the scene; its height follows the terrain.
     void MoveCursorTo(float x, float z);
-    // A cursor drag, in units to the camera's right and away from it; only with a terrain.
-    void DragCursor(float right, float ahead);
+    // A cursor drag by the pointer's offset in pixels (right: the camera's right, up: away from
+    // it); only with a terrain.
+    void DragCursor(int dx, int dy);
     // The cursor 50 units ahead of the camera; only with a terrain.
     void MoveCursorIntoView();
     // The cursor takes the height of the grid point under it (0 without terrain).

@@ -2,6 +2,8 @@
 // the scene and redraws; the window refreshes its position labels itself.
 #include "Editor.h"
 
+#include "TerrainGrid.h"
+
 #include <algorithm>
 
 std::optional<SceneGround> Editor::Ground() const {
@@ -24,23 +26,20 @@ void Editor::SetCamera(const CameraState& camera) {
     notify_.RenderScene();
 }
 
-void Editor::FlyByKeys(const HeldKeys& keys) {
+void Editor::FlyByKeys(const HeldKeys& keys, double elapsedSeconds) {
     const std::optional<SceneGround> ground = Ground();
-    KeyboardStep(view_.camera, keys, ground ? &*ground : nullptr, settings_.stayAbove);
+    KeyboardStep(view_.camera, keys, ground ? &*ground : nullptr, settings_.stayAbove, elapsedSeconds);
     notify_.RenderScene();
 }
 
-void Editor::FlyAlongView(float distance) {
-    MoveAlongView(view_.camera, distance);
+void Editor::FlyByMouse(bool forward, const HeldKeys& modifiers, double elapsedSeconds) {
     const std::optional<SceneGround> ground = Ground();
-    ClampToScene(view_.camera, ground ? ground->spacingX : 0.0f);
-    if (ground && settings_.stayAbove) ApplyGroundRule(view_.camera, *ground);
+    MouseFlyStep(view_.camera, forward, modifiers, ground ? &*ground : nullptr, settings_.stayAbove, elapsedSeconds);
     notify_.RenderScene();
 }
 
-void Editor::TurnCamera(float yawDegrees, float pitchDegrees) {
-    view_.camera.yaw += yawDegrees;
-    view_.camera.pitch += pitchDegrees;
+void Editor::LookByMouse(int dx, int dy) {
+    MouseLookStep(view_.camera, dx, dy);
     notify_.RenderScene();
 }
 
@@ -52,9 +51,9 @@ void Editor::MoveCursorTo(float x, float z) {
     notify_.RenderScene();
 }
 
-void Editor::DragCursor(float right, float ahead) {
+void Editor::DragCursor(int dx, int dy) {
     if (!Terrain().terrainPresent) return;
-    ::DragCursor(view_.cursor, view_.camera, right, ahead, Terrain().spacingX);
+    CursorDragStep(view_.cursor, view_.camera, dx, dy, Terrain().spacingX);
     UpdateCursorHeight();
     notify_.RenderScene();
 }
@@ -73,8 +72,5 @@ void Editor::UpdateCursorHeight() {
         cursor.y = 0.0f;
         return;
     }
-    const int column =
-        std::clamp(GridIndexUnder(cursor.x, terrain.spacingX), 0, terrain.heights.Columns() - 1);
-    const int row = std::clamp(GridIndexUnder(cursor.z, terrain.spacingZ), 0, terrain.heights.Rows() - 1);
-    cursor.y = terrain.heights.At(row, column);
+    cursor.y = HeightUnder(terrain, cursor.x, cursor.z);
 }

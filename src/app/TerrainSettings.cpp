@@ -126,8 +126,9 @@ std::optional<std::string> StoredTexturePath(const std::string& chosen, const st
     if (folder.empty() || chosen.size() <= folder.size() ||
         !EqualsIgnoreCase(chosen.substr(0, folder.size()), folder))
         return std::nullopt;
-    std::string relative = chosen.substr(folder.size());
-    std::replace(relative.begin(), relative.end(), '/', '\\');
+    // The file's name is stored as Latin-1 text: a name with other letters cannot be.
+    std::optional<std::string> relative = Utf8ToLatin1(chosen.substr(folder.size()));
+    if (relative) std::replace(relative->begin(), relative->end(), '/', '\\');
     return relative;
 }
 

@@ -102,7 +102,8 @@ TerrainStructure StructureForSize(int columns, int rows);
 GridSize RequestedTerrainSize(const TerrainSettingsValues& values, const TerrainModel& model);
 
 // A file chosen in the open dialog as the stored relative path: the program folder removed
-// (ignoring case) and "/" turned into "\". Nothing when the file is not below the program folder.
+// (ignoring case), "/" turned into "\" and the UTF-8 name turned into Latin-1 text. Nothing when
+// the file is not below the program folder or its name has letters Latin-1 lacks.
 std::optional<std::string> StoredTexturePath(const std::string& chosen, const std::string& programFolder);
 
 // The explanation shown under the "Invalid Texture" title after the lines naming the bad paths.

@@ -159,8 +159,8 @@ ColourTable DefaultColourTable() {
 
 void DeriveShadedColours(AppSettings& settings) {
     for (std::size_t i = 0; i < kShadedColourCount; ++i) {
-        const RgbColour& full = settings.colorTable[i];
-        settings.colorTable[kStoredColourCount + i] = {full.r * 0.5f, full.g * 0.5f, full.b * 0.5f};
+        const RgbColour& full = settings.colorTable[kColourTrack + i];
+        settings.colorTable[kColourGuideline + i] = {full.r * 0.5f, full.g * 0.5f, full.b * 0.5f};
     }
 }
 

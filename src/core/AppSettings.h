@@ -6,6 +6,7 @@
 #include "IniText.h"
 
 #include <array>
+#include <cstddef>
 #include <string>
 
 // An interface colour; each component from 0 to 1, in single precision as GL takes it.
@@ -17,8 +18,22 @@ struct RgbColour {
 };
 
 inline constexpr int kColourCount = 16;
+
+// The slots of the colour table, by what each colours. The track and the guidelines have one slot
+// per segment type (0 track, 1 station, 2 lift, 3 transport, 4 brake), counted from their first.
+enum ColourSlot : std::size_t {
+    kColourTrack = 0, // track rails, up to 4
+    kColourSupports = 5,
+    kColourTrees = 6,
+    kColourBrush = 7,      // the cells and points under the brush
+    kColourCursor = 8,     // the cursor marker
+    kColourTerrain = 9,    // untextured terrain
+    kColourWater = 10,     // untextured water
+    kColourGuideline = 11, // guidelines and cross-pieces, up to 15: the track colours at half strength
+};
+
 // Colours 0 to 10 are stored in the file; 11 to 15 are always derived from 0 to 4.
-inline constexpr int kStoredColourCount = 11;
+inline constexpr int kStoredColourCount = kColourGuideline;
 inline constexpr int kShadedColourCount = kColourCount - kStoredColourCount;
 inline constexpr int kRecentFileCount = 5;
 

@@ -13,16 +13,6 @@ void HeightGrid::Fill(float value) {
     std::fill(values_.begin(), values_.end(), value);
 }
 
-float TerrainModel::PointX(int column) const {
-    return static_cast<float>(static_cast<double>(spacingX) *
-                              (column - (static_cast<double>(columns) - 1.0) / 2.0));
-}
-
-float TerrainModel::PointZ(int row) const {
-    return static_cast<float>(static_cast<double>(spacingZ) *
-                              (row - (static_cast<double>(rows) - 1.0) / 2.0));
-}
-
 void ClearTerrain(TerrainModel& model) {
     static_cast<TerrainData&>(model) = TerrainData{};
     model.terrainPresent = false;
@@ -59,12 +49,4 @@ void NewTerrainGrid(TerrainData& model, int columns, int rows) {
         model.waterTiling = 1.0f;
         model.reflection = 0;
     }
-}
-
-int GridIndexUnder(float position, float spacing) {
-    const double snapped = std::nearbyint(static_cast<double>(position) + 512.0);
-    const double index = std::nearbyint(snapped / static_cast<double>(spacing));
-    // A damaged spacing gives a point far outside the grid rather than an undefined conversion.
-    if (!std::isfinite(index) || std::abs(index) > 1e6) return index < 0 ? -1000000 : 1000000;
-    return static_cast<int>(index);
 }

@@ -90,15 +90,7 @@ struct TerrainModel : TerrainData {
     bool terrainChanged = false; // edited since created, opened or saved
     std::string trackFilePath;
     std::string trackFolder; // start folder of the next track file dialog
-
-    // World position of a grid point along X or Z.
-    float PointX(int column) const;
-    float PointZ(int row) const;
 };
-
-// The grid point under a world position along one axis: round(round(p + 512) / spacing), with
-// ties to even, not clamped.
-int GridIndexUnder(float position, float spacing);
 
 // Empties the terrain: no terrain present, sizes, spacings, tilings and reflection zero, paths and
 // heights empty. The scene flags other than terrainPresent are left alone.

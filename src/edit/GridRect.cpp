@@ -22,11 +22,7 @@ GridRect Normalised(const GridRect& rect) {
 } // namespace
 
 GridPoint CursorGridPoint(const TerrainData& terrain, float cursorX, float cursorZ) {
-    if (terrain.heights.Empty()) return {};
-    GridPoint point;
-    point.column = std::clamp(GridIndexUnder(cursorX, terrain.spacingX), 0, ColumnCount(terrain) - 1);
-    point.row = std::clamp(GridIndexUnder(cursorZ, terrain.spacingZ), 0, RowCount(terrain) - 1);
-    return point;
+    return GridPointUnder(terrain, cursorX, cursorZ, GridClamp::ToLastPoint);
 }
 
 GridRect SculptArea(const TerrainData& terrain, float cursorX, float cursorZ, int radius) {
@@ -51,8 +47,9 @@ GridRect OperationArea(const TerrainData& terrain, float cursorX, float cursorZ,
     const std::int64_t columns = ColumnCount(terrain);
     const std::int64_t rows = RowCount(terrain);
     // The centre may sit one past the last point on either axis.
-    const std::int64_t cx = std::clamp<std::int64_t>(GridIndexUnder(cursorX, terrain.spacingX), 0, columns);
-    const std::int64_t cz = std::clamp<std::int64_t>(GridIndexUnder(cursorZ, terrain.spacingZ), 0, rows);
+    const GridPoint centre = GridPointUnder(terrain, cursorX, cursorZ, GridClamp::OnePastLast);
+    const std::int64_t cx = centre.column;
+    const std::int64_t cz = centre.row;
     std::int64_t x1 = cx + radiusX;
     std::int64_t z1 = cz + radiusZ;
     // Lopsided on purpose: reaching past the last column ends the rows at columns - 1.

@@ -5,6 +5,7 @@
 // of points it changed (or `whole` when it touched the entire grid) so that the caller refreshes
 // only that part of the view; it never redraws anything itself.
 
+#include "TerrainGrid.h"
 #include "TerrainModel.h"
 
 struct GridRect {
@@ -24,10 +25,6 @@ struct GridRect {
 };
 
 // The grid point under the cursor (cursorX, cursorZ in world units), clamped into the grid.
-struct GridPoint {
-    int column = 0;
-    int row = 0;
-};
 GridPoint CursorGridPoint(const TerrainData& terrain, float cursorX, float cursorZ);
 
 // The sculpt stroke's EffectArea: the square of the given radius around the grid point under the

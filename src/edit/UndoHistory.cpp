@@ -13,7 +13,9 @@ UndoHistory::UndoHistory() {
     for (Stack* stack : {&undo_, &redo_})
         for (std::unique_ptr<Slot>& slot : *stack) {
             slot = std::make_unique<Slot>();
-            slot->heights.assign(kSlotFloats, 0.0f);
+            // Capacity only: nothing is written until a step is pushed, so start-up does not fill
+            // 40 MB with zeros, and a push within the capacity never allocates.
+            slot->heights.reserve(kSlotFloats);
         }
 }
 
@@ -56,10 +58,9 @@ void UndoHistory::Push(Stack& stack, int& count, const HeightGrid& grid) {
     Slot& slot = *stack[static_cast<std::size_t>(count)];
     // Grids never exceed kMaxGridSide per side; a larger one costs an allocation instead of
     // being cut short.
-    if (grid.Size() > slot.heights.size()) slot.heights.resize(grid.Size());
     slot.columns = grid.Columns();
     slot.rows = grid.Rows();
-    std::copy(grid.Data(), grid.Data() + grid.Size(), slot.heights.begin());
+    slot.heights.assign(grid.Data(), grid.Data() + grid.Size());
     ++count;
 }
 

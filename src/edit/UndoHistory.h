@@ -1,8 +1,8 @@
 #pragma once
 // Undo and redo of height changes: two stacks of whole-grid snapshots.
 //
-// Each stack has 20 slots, every one allocated once at the largest grid (513 x 513) so that pushing
-// never allocates. A slot remembers the grid's column and row counts with its heights. When a stack
+// Each stack has 20 slots, every one reserved once at the largest grid (513 x 513) so that pushing
+// never allocates; the memory is only written when a step is pushed. A slot remembers the grid's column and row counts with its heights. When a stack
 // is full, pushing drops its oldest step. A new edit does not clear the redo stack: the redo steps
 // stay available, and a later Redo puts back the state saved before the last Undo.
 
@@ -40,7 +40,7 @@ private:
     struct Slot {
         int columns = 0;
         int rows = 0;
-        std::vector<float> heights; // kMaxGridSide * kMaxGridSide, the first columns * rows used
+        std::vector<float> heights; // columns * rows, with room for kMaxGridSide * kMaxGridSide
     };
     using Stack = std::array<std::unique_ptr<Slot>, kSteps>;
     static void Push(Stack& stack, int& count, const HeightGrid& grid);

@@ -1,6 +1,7 @@
 #include "TexturePath.h"
 
 #include "PathUtil.h"
+#include "mPictureLoader.h"
 
 #include <algorithm>
 #include <cctype>
@@ -51,8 +52,16 @@ std::optional<std::string> ResolveTexturePath(const std::string& programFolder,
     if (!IsRelativeTexturePath(storedPath)) return std::nullopt;
     fs::path resolved = programFolder.empty() ? fs::path(".") : fs::path(programFolder);
     bool found = true;
-    for (const std::string& part : SplitParts(storedPath)) {
+    for (const std::string& stored : SplitParts(storedPath)) {
+        // The stored text is Latin-1; the folders and files it names have UTF-8 names. A part that
+        // is already a UTF-8 name (written by another tool) is taken as it is when it exists.
+        const std::string part = Latin1ToUtf8(stored);
         std::error_code ec;
+        if (found && part != stored && !fs::exists(resolved / part, ec) &&
+            fs::exists(resolved / stored, ec)) {
+            resolved /= stored;
+            continue;
+        }
         if (found && !fs::exists(resolved / part, ec)) {
             const std::optional<std::string> match = FindIgnoringCase(resolved, part);
             found = match.has_value();
@@ -62,4 +71,9 @@ std::optional<std::string> ResolveTexturePath(const std::string& programFolder,
         resolved /= part;
     }
     return resolved.string();
+}
+
+bool LoadTexturePicture(const std::string& programFolder, const std::string& storedPath, cDIBSection& image) {
+    const std::optional<std::string> file = ResolveTexturePath(programFolder, storedPath);
+    return file && LoadPictureFile(*file, image);
 }

@@ -1,23 +1,7 @@
 #include "cDIBSection.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
-
-XorShiftRandom::XorShiftRandom(std::uint32_t seed) : state(seed != 0 ? seed : 0x9E3779B9u) {}
-
-std::uint32_t XorShiftRandom::operator()() {
-    state ^= state << 13;
-    state ^= state >> 17;
-    state ^= state << 5;
-    return state;
-}
-
-XorShiftRandom XorShiftRandom::SeededFromTimeOfDay() {
-    const auto now = std::chrono::system_clock::now().time_since_epoch();
-    const auto micros = std::chrono::duration_cast<std::chrono::microseconds>(now).count();
-    return XorShiftRandom(static_cast<std::uint32_t>(micros % 86'400'000'000LL));
-}
 
 bool cDIBSection::Create(int width, int height) {
     ClearUp();
@@ -46,15 +30,15 @@ std::vector<std::uint8_t> cDIBSection::PackedBgr() const {
     return packed;
 }
 
-void cDIBSection::RandomiseBits(bool gray, const std::function<std::uint32_t()>& random) {
+void cDIBSection::RandomiseBits(bool gray, RandomSource& random) {
     for (int row = 0; row < height_; ++row) {
         std::uint8_t* p = Row(row);
         for (int x = 0; x < width_; ++x, p += 3) {
             if (gray) {
-                p[0] = p[1] = p[2] = static_cast<std::uint8_t>(random() >> 24);
+                p[0] = p[1] = p[2] = static_cast<std::uint8_t>(random.Next() >> 24);
             } else {
                 for (int c = 0; c < 3; ++c)
-                    p[c] = static_cast<std::uint8_t>(random() >> 24);
+                    p[c] = static_cast<std::uint8_t>(random.Next() >> 24);
             }
         }
     }

@@ -8,20 +8,11 @@
 // Putting the picture on the system clipboard belongs to the user interface: it takes Bits(),
 // Width(), Height() and BytesPerScanLine() from here.
 
+#include "RandomSource.h"
+
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <vector>
-
-// A small random source (xorshift32) for RandomiseBits and similar noise. The editor seeds one
-// from the time of day; tests seed it with a fixed value so that results repeat.
-struct XorShiftRandom {
-    explicit XorShiftRandom(std::uint32_t seed);
-    std::uint32_t operator()();
-    static XorShiftRandom SeededFromTimeOfDay();
-
-    std::uint32_t state;
-};
 
 class cDIBSection {
 public:
@@ -54,8 +45,8 @@ public:
     std::vector<std::uint8_t> PackedBgr() const;
 
     // Fills every pixel with random bytes; with gray set, blue, green and red of a pixel are equal.
-    // The padding stays zero. random is called once per byte (gray: once per pixel).
-    void RandomiseBits(bool gray, const std::function<std::uint32_t()>& random);
+    // The padding stays zero. Takes one number from random per byte (gray: per pixel).
+    void RandomiseBits(bool gray, RandomSource& random);
 
     // A new picture of the given size made from this one; empty when either is empty or the size
     // is refused. Each axis is filtered on its own: an axis that grows is interpolated linearly

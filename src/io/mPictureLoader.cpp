@@ -120,7 +120,7 @@ bool DecodeTarga(std::span<const std::uint8_t> bytes, cDIBSection& image) {
 bool LoadTargaFile(const std::string& path, cDIBSection& image) {
     std::vector<std::uint8_t> bytes;
     std::string error;
-    if (!ReadWholeFile(path, bytes, error, std::uintmax_t{1} << 30)) return false;
+    if (!ReadWholeFile(path, bytes, error)) return false;
     return DecodeTarga(bytes, image);
 }
 
@@ -129,7 +129,9 @@ bool LoadPictureFile(const std::string& path, cDIBSection& image) {
     if (path.size() >= 3 && ToLowerAscii(path.substr(path.size() - 3)) == "tga")
         return LoadTargaFile(path, image);
     const PictureDecoder& decoder = RegisteredDecoder();
-    if (!decoder) return false;
+    std::string error;
+    // The decoder reads the file itself: its size is checked here, before it does.
+    if (!decoder || !CheckFileSize(path, error)) return false;
     cDIBSection decoded;
     if (!decoder(path, decoded) || decoded.IsEmpty()) return false;
     image = std::move(decoded);

@@ -6,6 +6,7 @@
 #include "Shell.h"
 
 #include <QPointer>
+#include <QSize>
 #include <QString>
 
 class QProgressDialog;
@@ -47,6 +48,18 @@ private:
 // "Description (*.a *.b);;Other (*.c)".
 QString ToQtFilter(const std::string& filter);
 
+// The size a file dialog opens at on a screen of the available size: room for its columns, but
+// never more than four fifths of the screen.
+QSize FileDialogSize(const QSize& available);
+
 // Text of the files and the product is single-byte; widgets show it as Latin-1.
 QString FromFileText(const std::string& text);
 std::string ToFileText(const QString& text);
+
+// File-system paths are the system's bytes (UTF-8 here); widgets show them decoded as the system
+// names files. Never mix these with the file-text pair: a path through Latin-1 is a wrong path.
+QString FromPath(const std::string& path);
+std::string ToPath(const QString& path);
+
+// A menu entry's text showing text as written: "&" would otherwise mark a mnemonic.
+QString ToMenuText(const QString& text);

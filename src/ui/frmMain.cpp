@@ -2,6 +2,7 @@
 
 #include "frmSplash.h"
 #include "mPictureLoader.h"
+#include "RenderInputFromEditor.h"
 #include "pbOpenGL.h"
 
 #include <QApplication>
@@ -17,18 +18,19 @@ QString ProgramFolder() {
 }
 
 frmMain::frmMain(const QString& programFolder, QWidget* parent)
-    : QMainWindow(parent), widgets_(this), editor_(widgets_, *this, ToFileText(programFolder)) {
+    : QMainWindow(parent), widgets_(this), editor_(widgets_, *this, ToPath(programFolder)) {
     setObjectName("frmMain");
     InstallQtPictureDecoder();
     view = new pbOpenGL(this);
-    view->SetEditor(&editor_);
+    view->SetInputSource([this] { return MakeRenderInput(editor_); });
     setCentralWidget(view);
     BuildMenus();
     BuildNavigationBar();
     BuildSculptBar();
+    BuildStatusBar();
     SyncSculptControls();
     resize(1024, 768);
-    setWindowTitle(FromFileText(editor_.Caption()));
+    setWindowTitle(FromPath(editor_.Caption()));
 }
 
 frmMain::~frmMain() = default;
@@ -41,7 +43,6 @@ void frmMain::SetSplashStatus(const QString& text) {
 bool frmMain::Startup(const QString& commandLine) {
     ready_ = false;
     splash_ = new frmSplash(this);
-    connect(splash_, &QObject::destroyed, this, [this] { splash_ = nullptr; });
     splash_->show();
     QApplication::processEvents();
 
@@ -68,7 +69,7 @@ bool frmMain::Startup(const QString& commandLine) {
     path.remove('"');
     if (!path.isEmpty() && QFileInfo(path).isFile()) {
         SetSplashStatus("Opening Track...");
-        editor_.OpenTrack(ToFileText(path));
+        editor_.OpenTrack(ToPath(path));
     }
     editor_.ResetUndoHistory();
     UpdateUI();
@@ -93,6 +94,7 @@ void frmMain::ReloadTextures() {
 
 void frmMain::RenderScene() {
     if (ready_) view->update();
+    UpdateStatusBar();
 }
 
 void frmMain::ResetCamera() {

@@ -7,9 +7,14 @@
 #include "ViewNotifications.h"
 #include "WidgetShell.h"
 
+#include <QElapsedTimer>
+#include <QKeySequence>
+#include <QList>
 #include <QMainWindow>
+#include <QPointer>
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <set>
 
@@ -108,6 +113,13 @@ public:
     QTimer* tmrKeyboard = nullptr;
     QTimer* tmrMouseMove = nullptr;
 
+    // Status bar: the mode and what the mouse does in it, the brush size, the height under the
+    // cursor; and, over the empty view, how to begin.
+    QLabel* lblStatusMode = nullptr;
+    QLabel* lblStatusBrush = nullptr;
+    QLabel* lblStatusHeight = nullptr;
+    QLabel* lblEmptyHint = nullptr;
+
     // Sculpt bar: mode and size option buttons, the custom radius slider and its label
     std::array<QToolButton*, 2> optMove{};
     std::array<QToolButton*, 7> optSize{};
@@ -126,9 +138,14 @@ public:
     // Whether a sculpt stroke is under way (the left button held in terrain mode).
     bool Sculpting() const { return sculpting_; }
     bool MouseCaptured() const { return mouseCaptured_; }
-    // One tick of each movement timer.
+    // One tick of each movement timer. Each step moves as far as the time since the previous step
+    // allows, read from the step clock.
     void KeyboardTick();
     void MouseMoveTick();
+    // Tests drive time through this: seconds from any origin, never going back. The default reads a
+    // steady clock.
+    void SetStepClock(std::function<double()> secondsNow) { stepClock_ = std::move(secondsNow); }
+    void UpdateStatusBar();
 
 signals:
     // Each start-up status as the splash shows it.
@@ -180,6 +197,11 @@ private:
     void ReturnToView();
     void UpdateEditingUI();
     void BuildNavigationBar();
+    void ReturnFocusAfterMenus();
+    void BuildStatusBar();
+    // Forgets held keys, pending presses and buttons, stops both movement timers and frees the
+    // pointer: the view no longer hears their releases once it has lost the keyboard.
+    void ClearHeldInput();
     void CaptureMouse();
     void ReleaseMouse();
     void RecentrePointer();
@@ -191,7 +213,8 @@ private:
 
     WidgetShell widgets_;
     Editor editor_;
-    frmSplash* splash_ = nullptr;
+    // Cleared by Qt when the splash closes itself (and safe while the window is being destroyed).
+    QPointer<frmSplash> splash_;
     bool ready_ = false;
     std::vector<std::pair<QAction*, ViewSwitch>> viewSwitches_;
     std::set<int> keyState_;        // Qt key codes held down
@@ -200,7 +223,14 @@ private:
     int mouseDirection_ = 0;        // 1 forward, 4 backward, 0 none
     bool mouseCaptured_ = false;
     bool sculpting_ = false; // a stroke is under way: the left button went down in terrain mode
+    QElapsedTimer steadyClock_;
+    std::function<double()> stepClock_;
+    StepClock keyboardClock_;
+    StepClock mouseClock_;
 };
+
+// Adds keys after the action's own, which stays first and is the one its menu entry shows.
+void AddAlternativeKeys(QAction* action, const QList<QKeySequence>& keys);
 
 // The program folder: LANDWRIGHT_HOME when set, else the executable's folder; ends in "/".
 QString ProgramFolder();

@@ -81,6 +81,12 @@ void frmMain::BuildEditMenu() {
     mnuCopy->setToolTip("Copy Terrain Effect Area");
     mnuPaste = AddEditEntry(menu, "mnuPaste", "&Paste", Qt::Key_V, &Editor::PasteArea);
     mnuPaste->setToolTip("Paste Terrain Effect Area");
+    // The usual keys as well; the single keys stay first, so the menu shows them.
+    AddAlternativeKeys(mnuUndo, {QKeySequence(Qt::CTRL | Qt::Key_Z)});
+    AddAlternativeKeys(mnuRedo,
+                       {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+    AddAlternativeKeys(mnuCopy, {QKeySequence(Qt::CTRL | Qt::Key_C)});
+    AddAlternativeKeys(mnuPaste, {QKeySequence(Qt::CTRL | Qt::Key_V)});
 }
 
 void frmMain::BuildSculptMenu() {
@@ -103,6 +109,9 @@ void frmMain::BuildSculptMenu() {
     tools->setObjectName("mnuSculptToolMenu");
     addGroup(tools, "mnuSculptTool", kToolCaptions, 3, &mnuSculptTool,
              [this](int i) { mnuSculptTool_Click(static_cast<SculptTool>(i)); });
+    // Only the square tool changes heights: the other two are listed, but cannot be chosen.
+    mnuSculptTool[1]->setEnabled(false);
+    mnuSculptTool[2]->setEnabled(false);
     QMenu* modes = sculpt->addMenu("&Mode");
     modes->setObjectName("mnuSculptModeMenu");
     addGroup(modes, "mnuSculptMode", kModeCaptions, 2, &mnuSculptMode,

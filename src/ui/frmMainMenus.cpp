@@ -13,10 +13,16 @@ QAction* AddEntry(QMenu* menu, const char* name, const QString& text, const QKey
     QAction* action = menu->addAction(text);
     action->setObjectName(name);
     if (!shortcut.isEmpty()) action->setShortcut(shortcut);
+    // A held key acts once: a repeated F5 would start the simulator again and again.
+    action->setAutoRepeat(false);
     return action;
 }
 
 } // namespace
+
+void AddAlternativeKeys(QAction* action, const QList<QKeySequence>& keys) {
+    action->setShortcuts(action->shortcuts() + keys);
+}
 
 void frmMain::BuildMenus() {
     BuildFileMenu();
@@ -31,6 +37,7 @@ void frmMain::BuildMenus() {
 void frmMain::BuildFileMenu() {
     QMenu* menu = menuBar()->addMenu("&File");
     menu->setObjectName("mnuFile");
+    menu->setToolTipsVisible(true); // a recent track's tool tip is its whole path
     mnuOpen = AddEntry(menu, "mnuOpen", "&Open...", QKeySequence::Open);
     connect(mnuOpen, &QAction::triggered, this, &frmMain::mnuOpen_Click);
     menu->addSeparator();
@@ -44,6 +51,7 @@ void frmMain::BuildFileMenu() {
     connect(mnuClearRecent, &QAction::triggered, this, &frmMain::mnuClearRecent_Click);
     menu->addSeparator();
     mnuSave = AddEntry(menu, "mnuSave", "&Save", Qt::Key_F2);
+    AddAlternativeKeys(mnuSave, {QKeySequence(Qt::CTRL | Qt::Key_S)});
     connect(mnuSave, &QAction::triggered, this, &frmMain::mnuSave_Click);
     mnuSaveAs = AddEntry(menu, "mnuSaveAs", "Save &As...", Qt::Key_F12);
     connect(mnuSaveAs, &QAction::triggered, this, &frmMain::mnuSaveAs_Click);
@@ -128,7 +136,7 @@ void frmMain::SyncViewSwitches() {
 }
 
 void frmMain::UpdateUI() {
-    setWindowTitle(FromFileText(editor_.Caption()));
+    setWindowTitle(FromPath(editor_.Caption()));
     const TerrainModel& t = editor_.Terrain();
     mnuSave->setEnabled(t.trackPresent);
     mnuSaveAs->setEnabled(t.trackPresent);
@@ -142,8 +150,8 @@ void frmMain::UpdateUI() {
         const std::string& path = editor_.Settings().recentPaths[i];
         mnuRecent[i]->setVisible(!path.empty());
         mnuRecent[i]->setText(
-            QString("&%1 %2").arg(i + 1).arg(FromFileText(editor_.Settings().recentTitles[i])));
-        mnuRecent[i]->setToolTip(FromFileText(path));
+            QString("&%1 %2").arg(i + 1).arg(ToMenuText(FromPath(editor_.Settings().recentTitles[i]))));
+        mnuRecent[i]->setToolTip(FromPath(path));
         anyRecent = anyRecent || !path.empty();
     }
     mnuClearRecent->setEnabled(anyRecent);

@@ -16,15 +16,12 @@
 #include <QTimer>
 #include <QToolBar>
 
+
 namespace {
 
-// A tick every 20 ms: at the base speed of one unit per tick the camera flies 50 units a second and
-// turns 50 degrees a second.
+// A tick every 20 ms, the nominal tick of the camera's speeds; a slower tick moves further per step.
 constexpr int kKeyboardTickMs = 20;
 constexpr int kMouseTickMs = 20;
-// Mouse-look turns a quarter of a degree per pixel; a cursor drag moves half a unit per pixel.
-constexpr float kLookDegreesPerPixel = 0.25f;
-constexpr float kCursorUnitsPerPixel = 0.5f;
 
 QLabel* PositionLabel(QWidget* parent, const QString& name) {
     auto* label = new QLabel("000.00", parent);
@@ -69,7 +66,37 @@ void frmMain::BuildNavigationBar() {
     tmrMouseMove->setObjectName("tmrMouseMove");
     tmrMouseMove->setInterval(kMouseTickMs);
     connect(tmrMouseMove, &QTimer::timeout, this, &frmMain::MouseMoveTick);
+    steadyClock_.start();
+    stepClock_ = [this] { return static_cast<double>(steadyClock_.nsecsElapsed()) * 1e-9; };
     view->installEventFilter(this);
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
+        if (state != Qt::ApplicationActive) ClearHeldInput();
+    });
+    ReturnFocusAfterMenus();
+}
+
+void frmMain::ReturnFocusAfterMenus() {
+    // Esc on an open menu leaves the menu bar holding the keyboard, so the next key would pick a
+    // menu instead of flying; give the keys back to the view unless another menu opened meanwhile.
+    for (QAction* title : menuBar()->actions()) {
+        if (title->menu() == nullptr) continue;
+        connect(title->menu(), &QMenu::aboutToHide, this, [this] {
+            QTimer::singleShot(0, this, [this] {
+                if (QApplication::activePopupWidget() == nullptr && menuBar()->hasFocus()) view->setFocus();
+            });
+        });
+    }
+}
+
+void frmMain::ClearHeldInput() {
+    keyState_.clear();
+    pressedOnce_.clear();
+    tmrKeyboard->stop();
+    tmrMouseMove->stop();
+    mouseButtons_ = Qt::NoButton;
+    mouseDirection_ = 0;
+    sculpting_ = false;
+    ReleaseMouse();
 }
 
 bool frmMain::TerrainMode() const {
@@ -90,10 +117,12 @@ void frmMain::UpdatePositionLabels() {
         lblCameraPos[i]->setText(QString::fromStdString(FormatPositionLabel(camera[i])));
         lblCursorPos[i]->setText(QString::fromStdString(FormatPositionLabel(cursor[i])));
     }
+    UpdateStatusBar();
 }
 
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
     if (watched == view) {
+        if (event->type() == QEvent::FocusOut) ClearHeldInput();
         if (HandleViewKey(event) || HandleViewMouse(event)) return true;
     }
     return QMainWindow::eventFilter(watched, event);
@@ -109,6 +138,7 @@ bool frmMain::HandleViewKey(QEvent* event) {
         if (key->key() == Qt::Key_Space || key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)
             pressedOnce_.insert(key->key());
         if (!tmrKeyboard->isActive() || pressedOnce_.count(key->key())) {
+            if (!tmrKeyboard->isActive()) keyboardClock_.Restart();
             KeyboardTick(); // the first step at once, so a tap moves
             tmrKeyboard->start();
         }
@@ -134,7 +164,7 @@ void frmMain::KeyboardTick() {
     keys.shift = held(Qt::Key_Shift);
     keys.control = held(Qt::Key_Control);
     keys.extraFast = held(Qt::Key_B);
-    editor_.FlyByKeys(keys);
+    editor_.FlyByKeys(keys, keyboardClock_.Elapsed(stepClock_()));
     // Space and Enter act once per press.
     if (pressedOnce_.erase(Qt::Key_Space)) SetTerrainMode(!TerrainMode());
     if (pressedOnce_.erase(Qt::Key_Return) + pressedOnce_.erase(Qt::Key_Enter) > 0)
@@ -143,6 +173,7 @@ void frmMain::KeyboardTick() {
     keyState_.erase(Qt::Key_Return);
     keyState_.erase(Qt::Key_Enter);
     UpdatePositionLabels();
+    RenderScene();
     if (keyState_.empty() && pressedOnce_.empty()) tmrKeyboard->stop();
 }
 
@@ -182,10 +213,12 @@ void frmMain::ViewMousePress(Qt::MouseButtons buttons) {
     // alone only looks around.
     mouseDirection_ = 0;
     if (!TerrainMode() && (buttons & Qt::RightButton)) mouseDirection_ = (buttons & Qt::LeftButton) ? 4 : 1;
-    if (mouseDirection_ != 0)
-        tmrMouseMove->start();
-    else
+    if (mouseDirection_ == 0) {
         tmrMouseMove->stop();
+    } else if (!tmrMouseMove->isActive()) {
+        mouseClock_.Restart();
+        tmrMouseMove->start();
+    }
 }
 
 void frmMain::ViewMouseDelta(int dx, int dy) {
@@ -196,13 +229,9 @@ void frmMain::ViewMouseDelta(int dx, int dy) {
         return;
     }
     if (TerrainMode()) {
-        // Right in the view moves the cursor to the camera's right, up moves it away from the camera.
-        editor_.DragCursor(static_cast<float>(dx) * kCursorUnitsPerPixel,
-                           static_cast<float>(-dy) * kCursorUnitsPerPixel);
+        editor_.DragCursor(dx, dy);
     } else {
-        // Pointer right turns right, pointer up looks up.
-        editor_.TurnCamera(static_cast<float>(-dx) * kLookDegreesPerPixel,
-                           static_cast<float>(-dy) * kLookDegreesPerPixel);
+        editor_.LookByMouse(dx, dy);
     }
     UpdatePositionLabels();
 }
@@ -226,8 +255,7 @@ void frmMain::MouseMoveTick() {
     modifiers.shift = held & Qt::ShiftModifier;
     modifiers.control = held & Qt::ControlModifier;
     modifiers.extraFast = keyState_.count(Qt::Key_B) > 0;
-    const float s = MovementSpeed(modifiers);
-    editor_.FlyAlongView(mouseDirection_ == 1 ? s : -s);
+    editor_.FlyByMouse(mouseDirection_ == 1, modifiers, mouseClock_.Elapsed(stepClock_()));
     UpdatePositionLabels();
 }
 

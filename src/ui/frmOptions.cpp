@@ -15,6 +15,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QStackedLayout>
 #include <QVBoxLayout>
 
@@ -81,6 +82,30 @@ frmOptions::frmOptions(Editor& editor, QWidget* parent) : QDialog(parent), edito
 
     LoadControls();
     ShowTab(0);
+    AddTabKeys();
+}
+
+// The tab labels take no focus, so the keyboard reaches the pages by shortcuts: Ctrl+Tab and
+// Ctrl+Page Down go on, Ctrl+Shift+Tab and Ctrl+Page Up go back, Alt and a caption's first
+// letter (underlined) go straight to that page.
+void frmOptions::AddTabKeys() {
+    const auto step = [this](int by) {
+        const int count = static_cast<int>(lblMenu.size());
+        ShowTab(static_cast<std::size_t>((pages_->currentIndex() + by + count) % count));
+    };
+    for (const QKeySequence& key :
+         {QKeySequence(Qt::CTRL | Qt::Key_Tab), QKeySequence(Qt::CTRL | Qt::Key_PageDown)})
+        connect(new QShortcut(key, this), &QShortcut::activated, this, [step] { step(1); });
+    for (const QKeySequence& key :
+         {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), QKeySequence(Qt::CTRL | Qt::Key_Backtab),
+          QKeySequence(Qt::CTRL | Qt::Key_PageUp)})
+        connect(new QShortcut(key, this), &QShortcut::activated, this, [step] { step(-1); });
+    for (std::size_t i = 0; i < lblMenu.size(); ++i) {
+        const QString caption = fmeTab[i]->accessibleName();
+        lblMenu[i]->setText("<u>" + caption.left(1) + "</u>" + caption.mid(1));
+        const QKeySequence key(QKeySequence::fromString("Alt+" + caption.left(1)));
+        connect(new QShortcut(key, this), &QShortcut::activated, this, [this, i] { ShowTab(i); });
+    }
 }
 
 QWidget* frmOptions::BuildTabRow() {

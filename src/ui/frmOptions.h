@@ -51,6 +51,7 @@ private slots:
 
 private:
     QWidget* BuildTabRow();
+    void AddTabKeys();
     QFrame* BuildQuestionsTab();
     QFrame* BuildPreferencesTab();
     QFrame* BuildColorsTab();

@@ -2,10 +2,12 @@
 
 #include "Version.h"
 
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
+#include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -27,6 +29,9 @@ frmSplash::frmSplash(QWidget* owner) : QWidget(owner, Qt::SplashScreen | Qt::Fra
     tmrSplash->setObjectName("tmrSplash");
     tmrSplash->setSingleShot(true);
     connect(tmrSplash, &QTimer::timeout, this, &QWidget::close);
+    // Centred on the screen the program starts on, not at its corner.
+    if (const QScreen* screen = owner != nullptr ? owner->screen() : QGuiApplication::primaryScreen())
+        move(screen->availableGeometry().center() - rect().center());
 }
 
 void frmSplash::SetStatus(const QString& text) {
@@ -34,7 +39,9 @@ void frmSplash::SetStatus(const QString& text) {
     repaint();
 }
 
-void frmSplash::CloseMe() { tmrSplash->start(kSplashMilliseconds); }
+void frmSplash::CloseMe() {
+    tmrSplash->start(kSplashMilliseconds);
+}
 
 void frmSplash::paintEvent(QPaintEvent*) {
     QPainter p(this);
@@ -65,5 +72,6 @@ void frmSplash::paintEvent(QPaintEvent*) {
     QFont small = font();
     small.setPointSize(10);
     p.setFont(small);
-    p.drawText(QRect(0, 64, width(), 20), Qt::AlignHCenter, QString("Terrain editor for Corvanta tracks, version ") + kProgramVersion);
+    p.drawText(QRect(0, 64, width(), 20), Qt::AlignHCenter,
+               QString("Terrain editor for Corvanta tracks, version ") + kProgramVersion);
 }

@@ -1,6 +1,7 @@
 #include "frmTeraSettings.h"
 
 #include "Editor.h"
+#include "FileIO.h"
 #include "TexturePath.h"
 #include "WidgetShell.h"
 #include "frmTeraCustom.h"
@@ -240,7 +241,7 @@ TerrainSettingsValues frmTeraSettings::Values() const {
 void frmTeraSettings::btnMain_Click(std::size_t index) {
     switch (index) {
     case 0:
-        if (DialogMayClose(editor_.ApplyTerrainSettings(Values(), purpose_))) accept();
+        if (MissingTexturesAccepted() && DialogMayClose(editor_.ApplyTerrainSettings(Values(), purpose_))) accept();
         break;
     case 1:
         reject();
@@ -285,13 +286,38 @@ void frmTeraSettings::btnTexture_Click(QLineEdit* box, const char* which, std::s
         return;
     }
     // Shown as chosen, in red, so the user sees which file was refused.
-    box->setText(FromFileText(*chosen));
+    box->setText(FromPath(*chosen));
     editor_.Dialogs().ShowMessage(InvalidTextureLine(which) + "\n" + kTextureFolderRule, kInvalidTextureTitle,
                                   MessageIcon::Exclamation);
 }
 
+bool frmTeraSettings::TextureFound(const QLineEdit* box) const {
+    const std::optional<std::string> file =
+        ResolveTexturePath(editor_.ProgramFolder(), ToFileText(box->text()));
+    return file && FileExists(*file);
+}
+
+// A path that is well formed but names no file may be kept (the file may come later), but not
+// without a word: neither the editor nor the simulator will find it.
+bool frmTeraSettings::MissingTexturesAccepted() {
+    std::string lines;
+    const std::pair<const QLineEdit*, const char*> boxes[] = {
+        {txtGround, "Ground"}, {txtDetail, "Detail"}, {txtWater, "Water"}};
+    for (const auto& [box, which] : boxes) {
+        const std::string path = ToFileText(box->text());
+        if (!box->isEnabled() || !IsRelativeTexturePath(path) || TextureFound(box)) continue;
+        lines += std::string("The ") + which + " Texture was not found: " + path + "\n";
+    }
+    if (lines.empty()) return true;
+    return editor_.Dialogs().Ask(
+               lines + "\nThe terrain will be drawn without it, and the simulator will not find it either.\n"
+                       "Keep it anyway?",
+               "Texture Not Found", Buttons::YesNo, MessageIcon::Exclamation, Answer::No) == Answer::Yes;
+}
+
 void frmTeraSettings::txtTexture_Change(QLineEdit* box) {
-    const bool valid = IsRelativeTexturePath(ToFileText(box->text()));
+    // Red for a path that cannot be stored and for one naming no file.
+    const bool valid = IsRelativeTexturePath(ToFileText(box->text())) && TextureFound(box);
     QPalette palette = box->palette();
     const QColor normal = QApplication::palette(box).color(QPalette::Active, QPalette::Text);
     for (const auto group : {QPalette::Active, QPalette::Inactive})

@@ -82,6 +82,8 @@ private:
     void btnSea_Click(std::size_t index);
     void btnTexture_Click(QLineEdit* box, const char* which, std::size_t index);
     void txtTexture_Change(QLineEdit* box);
+    bool TextureFound(const QLineEdit* box) const;
+    bool MissingTexturesAccepted();
     void chkWater_Click();
     void optTeraStruct_Click();
     void btnCustomEdit_Click();

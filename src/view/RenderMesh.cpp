@@ -1,5 +1,7 @@
 #include "RenderMesh.h"
 
+#include "TerrainGrid.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -32,10 +34,8 @@ void RenderMesh::Build(const TerrainData& terrain) {
     const double groundZ = RepeatPoints(rows_, terrain.groundTiling);
     const double waterX = RepeatPoints(columns_, terrain.waterTiling);
     const double waterZ = RepeatPoints(rows_, terrain.waterTiling);
-    const double halfX = 0.5 * (columns_ - 1);
-    const double halfZ = 0.5 * (rows_ - 1);
     for (int row = 0; row <= rows_; ++row) {
-        const auto z = static_cast<float>(terrain.spacingZ * (row - halfZ));
+        const float z = GridCoordinate(row, rows_, terrain.spacingZ);
         for (int column = 0; column <= columns_; ++column) {
             const std::size_t i = PointIndex(column, row);
             // The extra row and column stay at the origin with no texture offset.
@@ -44,7 +44,7 @@ void RenderMesh::Build(const TerrainData& terrain) {
                 groundUV_[i] = waterUV_[i] = {};
                 continue;
             }
-            vertices_[i] = {static_cast<float>(terrain.spacingX * (column - halfX)), terrain.heights.At(row, column), z};
+            vertices_[i] = {GridCoordinate(column, columns_, terrain.spacingX), terrain.heights.At(row, column), z};
             groundUV_[i] = {static_cast<float>(column / groundX), static_cast<float>(row / groundZ)};
             waterUV_[i] = {static_cast<float>(column / waterX), static_cast<float>(row / waterZ)};
         }
@@ -147,8 +147,8 @@ CellRange BrushCells(const TerrainData& terrain, float cursorX, float cursorZ, i
     const int columns = terrain.heights.Columns();
     const int rows = terrain.heights.Rows();
     if (columns == 0 || rows == 0) return {};
-    const int cc = std::clamp(GridIndexUnder(cursorX, terrain.spacingX), 0, columns - 1);
-    const int cr = std::clamp(GridIndexUnder(cursorZ, terrain.spacingZ), 0, rows - 1);
+    const GridPoint centre = GridPointUnder(terrain, cursorX, cursorZ, GridClamp::ToLastPoint);
+    const int cc = centre.column, cr = centre.row;
     // Columns: cc - s < col <= cc + s; rows: cr - s <= row < cr + s; bounds clamped into the grid.
     const int lowColumn = std::clamp(cc - size, 0, columns - 1);
     const int highColumn = std::clamp(cc + size, 0, columns - 1);

@@ -3,11 +3,13 @@
 //
 // Positions in world units (y up); angles in degrees. The view applies pitch and yaw as rotations by
 // 360 minus the angle, so a positive yaw turns left and a positive pitch looks up. Speeds are per
-// timer tick: the tick interval of the window's movement timers sets the real speed.
+// nominal timer tick of 20 ms; each step is scaled by the time it stands for, so the speed per
+// second is the same however long a frame takes.
 
 #include "RenderMesh.h"
 
 #include <string>
+#include <vector>
 
 struct CameraState {
     float x = 0.0f;
@@ -49,11 +51,43 @@ struct SceneGround {
     float spacingZ = 0.0f;
 };
 
-// Shift 5, else Control 0.1, else B 20, else 1 (units or degrees per tick).
+// The tick the per-tick speeds are given for: 1 unit a tick is 50 units a second.
+inline constexpr double kNominalTickSeconds = 0.02;
+// The longest time one step makes up for, so the speed holds down to four frames a second; a
+// longer gap (the window was blocked by a dialog, the machine stalled) counts as this much, so the
+// camera never jumps.
+inline constexpr double kLongestStepSeconds = 0.25;
+// The highest and lowest pitch: straight up and straight down.
+inline constexpr float kPitchLimit = 90.0f;
+
+// Shift 5, else Control 0.1, else B 20, else 1 (units or degrees per nominal tick).
 float MovementSpeed(const HeldKeys& keys);
 
-// One tick of keyboard flying: move, turn, clamp to the scene, keep above the ground.
-void KeyboardStep(CameraState& camera, const HeldKeys& keys, const SceneGround* ground, bool stayAbove);
+// How many nominal ticks a step after elapsedSeconds stands for: the time clamped to
+// 0 .. kLongestStepSeconds, divided by kNominalTickSeconds.
+float TickScale(double elapsedSeconds);
+
+// The time between movement steps, read from a steady clock by the caller (seconds, any origin).
+// The first step after Restart stands for one nominal tick, so a tap moves one step at once.
+class StepClock {
+public:
+    void Restart() { started_ = false; }
+    // The seconds since the previous step (kNominalTickSeconds for the first), and now becomes
+    // the previous step.
+    double Elapsed(double nowSeconds);
+
+private:
+    bool started_ = false;
+    double previous_ = 0.0;
+};
+
+// One keyboard step, elapsedSeconds after the previous: move, turn, clamp to the scene, keep above
+// the ground.
+void KeyboardStep(CameraState& camera, const HeldKeys& keys, const SceneGround* ground, bool stayAbove,
+                  double elapsedSeconds);
+
+// Turns by the given degrees; the pitch stops at straight up and straight down, the yaw is free.
+void TurnCamera(CameraState& camera, float yawDegrees, float pitchDegrees);
 
 // Moves along the view direction by distance (negative: backwards), following the pitch.
 void MoveAlongView(CameraState& camera, float distance);
@@ -68,12 +102,28 @@ void ApplyGroundRule(CameraState& camera, const SceneGround& ground);
 // with no terrain).
 void ResetCamera(CameraState& camera, const SceneGround* ground);
 
-// Drags the cursor right units to the camera's right and ahead units away from it (along the
-// ground, whatever the pitch), clamped like the camera.
-void DragCursor(CursorState& cursor, const CameraState& camera, float right, float ahead, float spacingX);
-
 // Puts the cursor 50 units ahead of the camera, clamped like the camera.
 void MoveCursorIntoView(CursorState& cursor, const CameraState& camera, float spacingX);
+
+// Mouse-look: a quarter of a degree per pixel the pointer moved from the view's centre; right
+// turns right, up looks up.
+void MouseLookStep(CameraState& camera, int dx, int dy);
+
+// One tick of flying with the mouse buttons: forward or backward along the view at the speed the
+// modifier keys choose, scaled by the time since the previous tick (TickScale), then clamped to the
+// scene and, with stayAbove, kept above the ground.
+void MouseFlyStep(CameraState& camera, bool forward, const HeldKeys& modifiers, const SceneGround* ground,
+                  bool stayAbove, double elapsedSeconds);
+
+// Dragging the terrain cursor: half a unit per pixel, right in the view to the camera's right and
+// up away from the camera (along the camera's yaw only), clamped like the camera.
+void CursorDragStep(CursorState& cursor, const CameraState& camera, int dx, int dy, float spacingX);
+
+// The grid points the brush of radius size covers around the grid point under the cursor (each
+// axis clamped into the grid), row by row: where the brush points are drawn. A point below the
+// water line sits on the water surface (height 0) when onWater.
+std::vector<Vector3> BrushPoints(const TerrainData& terrain, const CursorState& cursor, int size,
+                                 bool onWater);
 
 // A position as the labels show it: at least three integer digits and two decimals ("003.14",
 // "-002.50").

@@ -53,6 +53,11 @@ TEST(TerrainSettingsLogic, ChosenTexturesAreStoredBelowTheProgramFolderAndEveryP
     EXPECT_EQ(StoredTexturePath("/OPT/land/teratextures/sub/b.tga", "/opt/Land"), "teratextures\\sub\\b.tga");
     EXPECT_EQ(StoredTexturePath("/opt/Landmark/a.jpg", "/opt/Land/"), std::nullopt) << "a sibling folder";
     EXPECT_EQ(StoredTexturePath("/home/a.jpg", "/opt/Land/"), std::nullopt);
+    // Names are UTF-8 on disk and Latin-1 in the file; a letter Latin-1 lacks cannot be stored.
+    EXPECT_EQ(StoredTexturePath("/x/\u041a\u0438\u0440/teratextures/Gr\u00fcn.jpg", "/x/\u041a\u0438\u0440/"),
+              "teratextures\\Gr\xfcn.jpg");
+    EXPECT_EQ(StoredTexturePath("/x/Z/teratextures/\u041a.jpg", "/x/Z/"), std::nullopt);
+    EXPECT_EQ(StoredTexturePath("/x/Z/teratextures/\xfc.jpg", "/x/Z/"), std::nullopt) << "not UTF-8";
     const auto within = [](int value, SliderRange range) {
         return value >= range.minimum && value <= range.maximum;
     };

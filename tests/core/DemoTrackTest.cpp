@@ -4,6 +4,7 @@
 #include "TrackChunks.h"
 #include "TrackFile.h"
 
+#include "TerrainGrid.h"
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -172,7 +173,8 @@ TEST(DemoScenery, TreesStandOnDryLandInTheSceneClearOfTheTrack) {
         const float x = tree.position[0], z = tree.position[2];
         EXPECT_TRUE(std::abs(x) <= 220.0f && std::abs(z) <= 220.0f && tree.position[1] == 0.0f);
         // Dry both between grid points and at the nearest grid point.
-        const float nearest = t.heights.At(GridIndexUnder(z, t.spacingZ), GridIndexUnder(x, t.spacingX));
+        const GridPoint under = GridPointUnder(t, x, z, GridClamp::None);
+        const float nearest = t.heights.At(under.row, under.column);
         EXPECT_TRUE(GroundAt(t, x, z) > 0.0 && nearest > 0.0f) << x << ", " << z;
         for (const Point& p : track)
             ASSERT_FALSE(std::abs(p.x - x) < 8.0 && std::abs(p.z - z) < 8.0) << "tree at " << x << ", " << z;

@@ -5,20 +5,6 @@
 #include <limits>
 #include <tuple>
 
-TEST(TerrainModel, GridIsCentredOnTheOrigin) {
-    TerrainModel model;
-    NewTerrainGrid(model, 409, 409);
-    EXPECT_FLOAT_EQ(model.spacingX, 1024.0f / 409.0f);
-    EXPECT_FLOAT_EQ(model.PointX(0), -204.0f * model.spacingX);
-    EXPECT_FLOAT_EQ(model.PointX(408), 204.0f * model.spacingX);
-    EXPECT_FLOAT_EQ(model.PointX(204), 0.0f);
-    // An even count has no point at the centre: the middle two straddle it.
-    NewTerrainGrid(model, 4, 2);
-    EXPECT_FLOAT_EQ(model.PointX(1), -128.0f);
-    EXPECT_FLOAT_EQ(model.PointX(2), 128.0f);
-    EXPECT_FLOAT_EQ(model.PointZ(0), -256.0f);
-}
-
 TEST(TerrainModel, NewGridStartsAtWaterLevelOrAtTheGroundWithoutWaterAndClearKeepsTheTrackFlags) {
     TerrainModel model;
     model.waterEnabled = model.terrainChanged = true;

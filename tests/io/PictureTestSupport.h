@@ -18,8 +18,8 @@ using Bytes = std::vector<std::uint8_t>;
 inline cDIBSection MakePattern(int width, int height, std::uint32_t seed) {
     cDIBSection image;
     image.Create(width, height);
-    XorShiftRandom random(seed);
-    image.RandomiseBits(false, std::ref(random));
+    RandomSource random(seed);
+    image.RandomiseBits(false, random);
     for (int row = 0; row < height; row += 3)
         for (int x = 1; x < width; ++x)
             std::copy_n(image.Row(row), 3, image.Row(row) + 3 * x);

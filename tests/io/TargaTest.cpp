@@ -121,6 +121,8 @@ TEST(PictureFiles, ChooseTheReaderByTheEndOfThePath) {
                                     std::string(), folder.File("absent.tga")})
         EXPECT_FALSE(LoadPictureFile(path, loaded)) << path;
     // Everything else goes to the registered decoder, and fails without one.
+    WriteText(folder.File("p.jpg"), "x");
+    WriteText(folder.File("bad.bmp"), "x");
     SetPictureDecoder({});
     EXPECT_FALSE(LoadPictureFile(folder.File("p.jpg"), loaded));
     std::vector<std::string> asked;
@@ -135,5 +137,23 @@ TEST(PictureFiles, ChooseTheReaderByTheEndOfThePath) {
     EXPECT_FALSE(LoadPictureFile(folder.File("bad.bmp"), loaded));
     EXPECT_TRUE(SamePixels(loaded, original)) << "a failed load keeps the previous picture";
     EXPECT_EQ(asked, (std::vector<std::string>{folder.File("p.jpg"), folder.File("bad.bmp")}));
+    SetPictureDecoder({});
+}
+
+TEST(PictureFiles, FilesOverTheSizeLimitAreRefusedBeforeAnyReaderOpensThem) {
+    ScratchFolder folder;
+    bool asked = false;
+    SetPictureDecoder([&](const std::string&, cDIBSection& image) {
+        asked = true;
+        image = MakePattern(3, 3, 1);
+        return true;
+    });
+    cDIBSection loaded;
+    for (const char* name : {"huge.png", "huge.tga"}) {
+        WriteBytes(folder.File(name), {});
+        std::filesystem::resize_file(folder.File(name), kMaxFileBytes + 1); // sparse
+        EXPECT_FALSE(LoadPictureFile(folder.File(name), loaded)) << name;
+    }
+    EXPECT_FALSE(asked);
     SetPictureDecoder({});
 }

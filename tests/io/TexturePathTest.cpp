@@ -1,7 +1,9 @@
 // Texture paths as stored in tracks ("teratextures\GrassTerrain.jpg") turned into files to open.
 #include "TexturePath.h"
 #include "FileIO.h"
+#include "PictureTestSupport.h"
 #include "TestSupport.h"
+#include "mSaveTGA.h"
 
 #include <gtest/gtest.h>
 
@@ -52,4 +54,34 @@ TEST(TexturePath, AbsolutePathsAreRefused) {
     }
     for (const char* path : {"teratextures\\a.jpg", "a.jpg", "1:a.jpg"})
         EXPECT_TRUE(IsRelativeTexturePath(path)) << path;
+}
+
+TEST(TexturePicture, LoadsTheResolvedFileAndRefusesAbsoluteOrMissingPathsKeepingThePicture) {
+    ScratchFolder home;
+    const cDIBSection stone = MakePattern(5, 3, 17);
+    std::string error;
+    fs::create_directories(home.Path() / "Teratextures");
+    ASSERT_TRUE(SaveTGA((home.Path() / "Teratextures" / "Stone.TGA").string(), stone, error)) << error;
+    cDIBSection loaded;
+    ASSERT_TRUE(LoadTexturePicture(home.Path().string(), "teratextures\\stone.tga", loaded));
+    EXPECT_TRUE(SamePixels(loaded, stone));
+    const cDIBSection kept = loaded;
+    for (const std::string path :
+         {"teratextures\\missing.tga", "/teratextures/Stone.TGA", "C:\\Stone.tga", ""})
+        EXPECT_FALSE(LoadTexturePicture(home.Path().string(), path, loaded)) << path;
+    EXPECT_TRUE(SamePixels(loaded, kept)) << "a failed load leaves the picture alone";
+}
+
+TEST(TexturePath, ProgramFoldersAndNamesWithLettersBeyondAsciiResolveToTheirUtf8Files) {
+    ScratchFolder scratch;
+    for (const char* home : {"Z\u00fcrich", "\u041a\u0438\u0440\u0438\u043b\u043b\u0438\u0446\u0430"}) {
+        const fs::path folder = scratch.Path() / home;
+        Touch(folder / "teratextures" / "Gr\u00fcn.jpg");
+        // The track stores the name as Latin-1 text.
+        const auto resolved = ResolveTexturePath(folder.string() + "/", "teratextures\\Gr\xfcn.jpg");
+        ASSERT_TRUE(resolved.has_value());
+        EXPECT_TRUE(FileExists(*resolved)) << *resolved;
+        // A name some other tool stored as UTF-8 is still found.
+        EXPECT_EQ(ResolveTexturePath(folder.string(), "teratextures\\Gr\u00fcn.jpg"), resolved);
+    }
 }

@@ -24,6 +24,9 @@ template <typename Widget> Widget* Child(const QObject* parent, const QString& n
     return widget;
 }
 
+// Keys sent to this go where a real key goes: to an open menu, else to the widget with the keyboard.
+inline QWidget* const kKeyboard = nullptr;
+
 inline void Click(QWidget* widget) {
     QTest::mouseClick(widget, Qt::LeftButton);
 }

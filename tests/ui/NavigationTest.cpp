@@ -88,7 +88,7 @@ TEST_F(MainWindowTest, EveryViewSwitchChangesThePicture) {
     window->UpdateUI();
     auto frame = [&] { return window->view->grabFramebuffer(); };
     for (const char* name : {"mnuViewTerrain", "mnuViewWater", "mnuViewTextures", "mnuViewTrack",
-                             "mnuViewSupports", "mnuViewGuidelines", "mnuViewTrees", "mnuClipTerrain"}) {
+                             "mnuViewSupports", "mnuViewGuidelines", "mnuViewTrees", "mnuClipTerrain", "mnuViewSkybox"}) {
         const QImage before = frame();
         Action(name)->trigger();
         EXPECT_NE(frame(), before) << name;

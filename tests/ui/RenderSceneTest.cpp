@@ -1,6 +1,7 @@
 // The 3D view drawn for real (Mesa under Xvfb): each test sets up a scene, grabs the frame and
 // looks at its pixels.
 #include "Editor.h"
+#include "RenderInputFromEditor.h"
 #include "SampleTrack.h"
 #include "ScriptedShell.h"
 #include "mPictureLoader.h"
@@ -47,10 +48,11 @@ protected:
         editor.InitPaths();
         Change([](AppSettings& s) {
             s.viewTextures = false;
-            s.noLights = true; // exact colours until lighting is tested
+            s.noLights = true;      // exact colours until lighting is tested
+            s.viewSkybox = false;   // an empty scene is the plain black background
             s.sculptSize = 0;
         });
-        view.SetEditor(&editor);
+        view.SetInputSource([this] { return MakeRenderInput(editor); });
         view.resize(320, 240); // the view's smallest size
         view.show();
         QApplication::processEvents();
@@ -90,6 +92,27 @@ protected:
 };
 
 } // namespace
+
+TEST_F(RenderSceneTest, TheSkyIsLightAtTheHorizonDeepensUpwardsAndFollowsThePitch) {
+    Change([](AppSettings& s) { s.viewSkybox = true; });
+    CameraState camera{0.0f, 10.0f, 0.0f, 0.0f, 0.0f, 0.0f}; // level: the horizon across the middle
+    editor.SetCamera(camera);
+    QImage frame = Frame();
+    const QColor top = frame.pixelColor(160, 0), middle = frame.pixelColor(160, 120);
+    EXPECT_NEAR(middle.redF(), 0.78, 0.03);
+    EXPECT_NEAR(middle.blueF(), 0.94, 0.03);
+    EXPECT_LT(top.redF(), middle.redF() - 0.1) << "deeper blue above";
+    EXPECT_GT(top.blueF(), top.redF());
+    EXPECT_EQ(frame.pixelColor(0, 60), frame.pixelColor(319, 60)) << "level bands across the view";
+    // Looking up, the horizon leaves the frame below and the middle shows higher, deeper sky.
+    camera.pitch = 30.0f;
+    editor.SetCamera(camera);
+    EXPECT_LT(Frame().pixelColor(160, 120).redF(), middle.redF() - 0.1);
+    // Looking down, the middle shows the haze below the horizon.
+    camera.pitch = -45.0f;
+    editor.SetCamera(camera);
+    EXPECT_LT(Frame().pixelColor(160, 120).blueF(), 0.5);
+}
 
 TEST_F(RenderSceneTest, TrackBrushAndWaterShowInTheirColoursWhereTheyAreAndLightShadesSlopes) {
     QImage frame = Frame();

@@ -116,13 +116,10 @@ TEST_F(SculptingTest, MenusBarKeysAndTheNextStartKeepTheSculptSettingsInStep) {
     window->mnuSculptSize[6]->trigger();
     EXPECT_EQ(Session().Settings().sculptSize, 13) << "Custom takes the slider's radius";
     EXPECT_TRUE(window->optSize[6]->isChecked());
-    window->mnuSculptTool[2]->trigger();
-    EXPECT_EQ(Session().Settings().sculptTool, 2);
 
     window->close(); // writes the settings file
     Restart();
     ASSERT_TRUE(window->Startup(""));
-    EXPECT_TRUE(window->mnuSculptTool[2]->isChecked());
     EXPECT_TRUE(window->mnuSculptMode[1]->isChecked());
     EXPECT_TRUE(window->optMove[1]->isChecked());
     EXPECT_TRUE(window->mnuSculptSize[6]->isChecked());

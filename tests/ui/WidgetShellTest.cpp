@@ -1,9 +1,15 @@
-// The window's own Shell: starting a program for real, and the progress dialog of long work.
+// The shell's real widgets: filters as the file dialog shows them, paths and texts across the Qt
+// boundary, the dialog's size, boxes answered by their default when only a picture is taken,
+// starting a program for real, and the progress dialog of long work.
 #include "WidgetShell.h"
+#include "MainWindowFixture.h"
+#include "ScreenshotMode.h"
 #include "TestSupport.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QElapsedTimer>
+#include <QFileDialog>
 #include <QProgressDialog>
 #include <QWidget>
 
@@ -50,4 +56,100 @@ TEST(WidgetShell, ProgressIsAModalDialogWithCancelThatEndRemoves) {
     shell.BeginProgress("Importing...", 2);
     EXPECT_FALSE(shell.ProgressCancelled()) << "a new piece of work starts uncancelled";
     shell.EndProgress();
+}
+
+namespace {
+
+// "Zürich" and "Кириллица" as the system names them: UTF-8 bytes.
+const std::string kLatinFolder = "Z\xC3\xBCrich";
+const std::string kCyrillicFolder =
+    "\xD0\x9A\xD0\xB8\xD1\x80\xD0\xB8\xD0\xBB\xD0\xBB\xD0\xB8\xD1\x86\xD0\xB0";
+
+} // namespace
+
+TEST(WidgetShellText, FiltersShowEachPatternOnceAndMenuTextKeepsItsAmpersands) {
+    EXPECT_EQ(ToQtFilter("Corvanta Track Files (*.cvtrack)|*.cvtrack"), "Corvanta Track Files (*.cvtrack)");
+    // The patterns that apply are the ones shown, even where the description says otherwise.
+    EXPECT_EQ(ToQtFilter("Corvanta Track Files (*.cvtrack)|*cvtrack"), "Corvanta Track Files (*cvtrack)");
+    EXPECT_EQ(ToQtFilter("Texture Files (*.jpg;*.tga)|*.jpg;*.tga|Targa|*.tga"),
+              "Texture Files (*.jpg *.tga);;Targa (*.tga)");
+    EXPECT_EQ(ToQtFilter("Heights (16 bit) raw|*.raw"), "Heights (16 bit) raw (*.raw)");
+    EXPECT_EQ(ToMenuText("R&D & Co"), "R&&D && Co");
+    EXPECT_EQ(FileDialogSize({1280, 1024}), QSize(900, 550));
+    EXPECT_EQ(FileDialogSize({800, 600}), QSize(640, 480)) << "at most four fifths of a small screen";
+}
+
+TEST(WidgetShellText, PathsCrossAsTheSystemsBytesAndFileTextAsLatin1) {
+    for (const std::string& folder : {kLatinFolder, kCyrillicFolder}) {
+        const std::string path = "/home/u/" + folder + "/ride.cvtrack";
+        const QString shown = FromPath(path);
+        EXPECT_EQ(shown, QString::fromUtf8(path.c_str())) << path;
+        EXPECT_EQ(ToPath(shown), path) << "a path comes back as the same bytes";
+    }
+    EXPECT_EQ(FromPath("Z\xC3\xBCrich").size(), 6) << "one letter, not two";
+    // Text in files is single-byte: byte 0xFC is the letter ü, and back.
+    EXPECT_EQ(FromFileText("Gr\xFCn"), QString::fromUtf8("Gr\xC3\xBCn"));
+    EXPECT_EQ(ToFileText(QString::fromUtf8("Gr\xC3\xBCn")), "Gr\xFCn");
+}
+
+// A file dialog answered by a person: the chosen path comes back as the system's bytes.
+TEST(WidgetShellDialogs, AFileChosenUnderFoldersWithLettersBeyondAsciiComesBackAsItsBytes) {
+    ScratchFolder scratch;
+    const fs::path folder = scratch.Path() / kLatinFolder / kCyrillicFolder;
+    fs::create_directories(folder);
+    const std::string chosen = (folder / "Stra\xC3\x9F"
+                                         "e.cvtrack")
+                                   .string();
+    WriteText(chosen, "x");
+    WidgetShell shell(nullptr);
+    QSize opened;
+    QTimer poll; // until the dialog is up
+    QObject::connect(&poll, &QTimer::timeout, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr || !dialog->isVisible()) return;
+        poll.stop();
+        opened = dialog->size();
+        dialog->selectFile(FromPath(chosen));
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    poll.start(50);
+    FileDialogOptions options;
+    options.folder = folder.string();
+    options.filter = "Corvanta Track Files (*.cvtrack)|*.cvtrack";
+    options.mustExist = true;
+    EXPECT_EQ(shell.ShowOpenDialog(options), chosen);
+    EXPECT_EQ(opened, FileDialogSize(QGuiApplication::primaryScreen()->availableSize()));
+}
+
+// With nobody to answer, every box is pictured over the window and answered by its default.
+TEST(WidgetShellDialogs, InScreenshotModeEachBoxIsPicturedAndAnsweredByItsDefault) {
+    ScratchFolder scratch;
+    QWidget window;
+    window.resize(400, 300);
+    window.show();
+    const QString picture = QString::fromStdString(scratch.File("shot.png"));
+    StartScreenshotMode(&window, picture, 600000);
+    ASSERT_TRUE(InScreenshotMode());
+    WidgetShell shell(&window);
+    const std::tuple<Buttons, Answer> asked[] = {{Buttons::YesNo, Answer::No},
+                                                 {Buttons::YesNo, Answer::Yes},
+                                                 {Buttons::OkCancel, Answer::Cancel},
+                                                 {Buttons::YesNoCancel, Answer::Cancel},
+                                                 {Buttons::Ok, Answer::Ok}};
+    for (const auto& [buttons, answer] : asked)
+        EXPECT_EQ(shell.Ask("Sure?", "Question", buttons, MessageIcon::Question, answer), answer);
+    shell.ShowMessage("Track File Not Found.", "Warning", MessageIcon::Exclamation);
+    EXPECT_EQ(shell.ShowOpenDialog({}), std::nullopt) << "a file dialog is cancelled";
+    EXPECT_EQ(shell.ShowColourDialog({1, 2, 3}), std::nullopt);
+    const AskResult ask = shell.AskDialog(AskKind::LoadTrackTerrain);
+    EXPECT_EQ(ask.button, 0);
+    EXPECT_FALSE(ask.dontAskAgain);
+    // Nine boxes, nine pictures, each the window's size.
+    for (int i = 1; i <= 9; ++i) {
+        const QImage shot(BoxPicturePath(picture, i));
+        EXPECT_EQ(shot.size(), window.size()) << i;
+    }
+    EXPECT_FALSE(fs::exists(BoxPicturePath(picture, 10).toStdString()));
+    EXPECT_EQ(BoxPicturePath("/a/b.c/shot.png", 2), "/a/b.c/shot-box2.png");
+    EXPECT_EQ(BoxPicturePath("/a/shot", 1), "/a/shot-box1");
 }

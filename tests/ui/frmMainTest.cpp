@@ -3,7 +3,10 @@
 #include "MainWindowFixture.h"
 
 #include "PathUtil.h"
+#include "TexturePath.h"
+#include "WidgetShell.h"
 #include "frmSplash.h"
+#include "mPictureLoader.h"
 #include "pbOpenGL.h"
 
 #include <filesystem>
@@ -27,6 +30,23 @@ TEST_F(MainWindowTest, StartsOnAQuotedTrackShowsReadyOnTheSplashAndClosingWithUn
     shell.answers = {Answer::Yes};
     EXPECT_TRUE(window->close());
     EXPECT_TRUE(fs::exists(home.File("CorvantaLandwright.ini")));
+}
+
+TEST_F(MainWindowTest, TheSplashComesFirstCentredOnTheScreenBeforeTheMainWindow) {
+    window->hide(); // as the program starts: nothing shown yet
+    bool checked = false;
+    QObject::connect(window.get(), &frmMain::StartupStatus, window.get(), [&](const QString& status) {
+        if (status != "Initializing Settings...") return;
+        checked = true;
+        const auto* splash = Child<frmSplash>(window.get(), "frmSplash");
+        EXPECT_TRUE(splash->isVisible());
+        EXPECT_FALSE(window->isVisible()) << "no blank main window before the splash";
+        const QRect screen = splash->screen()->availableGeometry();
+        EXPECT_LE((splash->frameGeometry().center() - screen.center()).manhattanLength(), 2);
+    });
+    ASSERT_TRUE(window->Startup(""));
+    EXPECT_TRUE(checked);
+    EXPECT_TRUE(window->isVisible());
 }
 
 TEST_F(MainWindowTest, AMissingCommandLineFileIsIgnoredAndMenusFollowTheStateTheSettingsAndTheRecentFiles) {
@@ -83,19 +103,88 @@ TEST_F(MainWindowTest, RidingTheTrackFromTheMenuStartsTheSimulatorOnIt) {
     EXPECT_EQ(shell.started[0].arguments, (std::vector<std::string>{"-s", track}));
 }
 
-TEST_F(MainWindowTest, TheEditorRunsHeadlessAndSavesAScreenshot) {
-    const QString picture = QString::fromStdString(home.File("shot.png"));
+namespace {
+
+// "Zürich" and "Кириллица" as the system names them: UTF-8 bytes.
+const std::string kLatinFolder = "Z\xC3\xBCrich";
+const std::string kCyrillicFolder =
+    "\xD0\x9A\xD0\xB8\xD1\x80\xD0\xB8\xD0\xBB\xD0\xBB\xD0\xB8\xD1\x86\xD0\xB0";
+
+struct EditorRun {
+    int status = -1;
+    QString errors;
+};
+
+EditorRun RunHeadless(const std::string& programFolder, const std::string& track,
+                      const std::string& picture) {
     QProcess editor;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("LANDWRIGHT_HOME", QString::fromStdString(home.Path().string()));
+    environment.insert("LANDWRIGHT_HOME", FromPath(programFolder));
     editor.setProcessEnvironment(environment);
     editor.start(QString(LW_BIN_DIR) + "/CorvantaLandwright",
-                 {QString::fromStdString(DemoTrack()), "--screenshot", picture});
-    ASSERT_TRUE(editor.waitForFinished(30000));
+                 {FromPath(track), "--screenshot", FromPath(picture)});
+    EXPECT_TRUE(editor.waitForFinished(60000));
     EXPECT_EQ(editor.exitStatus(), QProcess::NormalExit);
-    EXPECT_EQ(editor.exitCode(), 0) << editor.readAllStandardError().toStdString();
-    const QImage shot(picture);
+    return {editor.exitCode(), QString::fromLocal8Bit(editor.readAllStandardError())};
+}
+
+} // namespace
+
+TEST_F(MainWindowTest, TheEditorRunsHeadlessFromFoldersBeyondAsciiAndSavesAScreenshot) {
+    const fs::path program = home.Path() / kCyrillicFolder, tracks = home.Path() / kLatinFolder;
+    fs::create_directories(program);
+    fs::create_directories(tracks);
+    const std::string track = (tracks / "Demo.cvtrack").string(), picture = (program / "shot.png").string();
+    fs::copy_file(DemoTrack(), track);
+    const EditorRun run = RunHeadless(program.string(), track, picture);
+    EXPECT_EQ(run.status, 0) << run.errors.toStdString();
+    EXPECT_FALSE(run.errors.contains("answered")) << run.errors.toStdString();
+    const QImage shot(FromPath(picture));
     ASSERT_FALSE(shot.isNull());
     EXPECT_GE(shot.width(), 640);
-    EXPECT_FALSE(fs::exists(home.File("CorvantaLandwright.ini"))) << "a screenshot run changes no settings";
+    EXPECT_FALSE(fs::exists(program / "CorvantaLandwright.ini")) << "a screenshot run changes no settings";
+    EXPECT_FALSE(fs::exists(program / "shot-box1.png")) << "the track opened without a message";
+}
+
+TEST_F(MainWindowTest, AMessageBoxInAHeadlessRunIsPicturedAnsweredAndTheRunStillEnds) {
+    const std::string broken = home.File("broken.cvtrack"), picture = home.File("shot.png");
+    WriteText(broken, "not a track");
+    const EditorRun run = RunHeadless(home.Path().string(), broken, picture);
+    EXPECT_EQ(run.status, 0) << run.errors.toStdString();
+    EXPECT_TRUE(run.errors.contains("Invalid Track File.")) << run.errors.toStdString();
+    EXPECT_FALSE(QImage(QString::fromStdString(home.File("shot-box1.png"))).isNull());
+    EXPECT_FALSE(QImage(QString::fromStdString(picture)).isNull());
+}
+
+TEST(MainWindowPaths, AProgramFolderAndATrackUnderFoldersBeyondAsciiKeepSettingsTexturesAndRecentNames) {
+    ScratchFolder scratch;
+    ScriptedShell shell;
+    const fs::path program = scratch.Path() / kCyrillicFolder, tracks = scratch.Path() / kLatinFolder;
+    fs::create_directories(tracks);
+    fs::create_directories(program);
+    fs::create_directory_symlink(std::string(LW_BIN_DIR) + "/teratextures", program / "teratextures");
+    const std::string track = (tracks / "R&D \xC3\x84rger.cvtrack").string();
+    fs::copy_file(std::string(LW_BIN_DIR) + "/tracks/Demo.cvtrack", track);
+    for (int session = 0; session < 2; ++session) {
+        frmMain window(FromPath(program.string()));
+        window.SetInteraction(&shell);
+        window.show();
+        ASSERT_TRUE(window.Startup(session == 0 ? FromPath(track) : QString()));
+        EXPECT_EQ(window.Session().ProgramFolder(), program.string() + "/");
+        // The recent entry: its title as the file is named, its "&" shown, its path as tool tip.
+        EXPECT_EQ(window.mnuRecent[0]->text(), QString::fromUtf8("&1 R&&D \xC3\x84rger"));
+        EXPECT_EQ(window.mnuRecent[0]->toolTip(), FromPath(track));
+        const auto texture =
+            ResolveTexturePath(window.Session().ProgramFolder(), "teratextures\\GrassTerrain.jpg");
+        cDIBSection image;
+        EXPECT_TRUE(texture && LoadPictureFile(*texture, image)) << "the textures are found";
+        if (session == 0)
+            EXPECT_EQ(window.windowTitle(), QString::fromUtf8("CorvantaLandwright - R&D \xC3\x84rger"));
+        else
+            window.mnuRecent[0]->trigger(); // the stored path opens the same file
+        EXPECT_EQ(window.Session().Terrain().trackFilePath, track);
+        EXPECT_TRUE(window.close());
+        EXPECT_TRUE(shell.messages.empty()) << shell.messages[0].text;
+    }
+    EXPECT_TRUE(fs::exists(program / "CorvantaLandwright.ini"));
 }

@@ -91,3 +91,32 @@ TEST_F(OptionsDialogTest, ATabLabelShowsOnlyItsFrameAndCancelLeavesTheSettingsAn
     EXPECT_EQ(editor.Settings(), settingsBefore);
     EXPECT_EQ(ReadText(editor.SettingsPath()), fileBefore);
 }
+
+TEST_F(OptionsDialogTest, TheKeyboardReachesEveryTabByCtrlTabBackwardsAndByAltWithTheUnderlinedLetter) {
+    Open();
+    dialog->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    const auto shown = [this] {
+        for (std::size_t k = 0; k < dialog->fmeTab.size(); ++k)
+            if (dialog->fmeTab[k]->isVisible()) return static_cast<int>(k);
+        return -1;
+    };
+    QWidget* focus = dialog->optAskLoadTrackTerrain[0];
+    focus->setFocus();
+    const std::tuple<int, Qt::KeyboardModifiers, int> steps[] = {
+        {Qt::Key_Tab, Qt::ControlModifier, 1},
+        {Qt::Key_Tab, Qt::ControlModifier, 2},
+        {Qt::Key_Tab, Qt::ControlModifier, 0}, // round again
+        {Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier, 2},
+        {Qt::Key_PageUp, Qt::ControlModifier, 1},
+        {Qt::Key_PageDown, Qt::ControlModifier, 2},
+        {Qt::Key_Q, Qt::AltModifier, 0},
+        {Qt::Key_C, Qt::AltModifier, 2},
+        {Qt::Key_P, Qt::AltModifier, 1}};
+    for (const auto& [key, modifiers, expected] : steps) {
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+        EXPECT_EQ(shown(), expected) << key;
+        EXPECT_TRUE(dialog->lblMenu[static_cast<std::size_t>(expected)]->font().bold());
+    }
+    EXPECT_TRUE(dialog->lblMenu[1]->text().startsWith("<u>P</u>"));
+}

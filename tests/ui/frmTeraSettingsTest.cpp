@@ -4,6 +4,8 @@
 #include "MainWindowFixture.h"
 #include "frmTeraCustom.h"
 
+#include <algorithm>
+#include <filesystem>
 #include <functional>
 
 namespace {
@@ -22,14 +24,41 @@ template <typename Dialog> void WhenShown(QObject* parent, std::function<void(Di
     });
 }
 
+// Stand-ins for every texture the presets name, so that only the files a test leaves out are missing.
+void TouchPresetTextures(const std::string& programFolder) {
+    std::vector<std::string> stored;
+    for (const LandPreset& p : TerrainPresetTable::land)
+        stored.insert(stored.end(), {p.groundTexture, p.detailTexture});
+    for (const SeaPreset& p : TerrainPresetTable::sea)
+        stored.push_back(p.waterTexture);
+    for (std::string path : stored) {
+        if (path.empty()) continue;
+        std::replace(path.begin(), path.end(), '\\', '/');
+        std::filesystem::create_directories(std::filesystem::path(programFolder + path).parent_path());
+        WriteText(programFolder + path, "x");
+    }
+}
+
+bool ShownRed(const QLineEdit* box) {
+    return box->palette().color(QPalette::Text) == QColor(255, 0, 0);
+}
+
 } // namespace
 
-using TerrainSettingsDialogTest = DialogTest<frmTeraSettings>;
+class TerrainSettingsDialogTest : public DialogTest<frmTeraSettings> {
+protected:
+    void SetUp() override {
+        DialogTest::SetUp();
+        TouchPresetTextures(editor.ProgramFolder());
+    }
+};
 
 TEST_F(TerrainSettingsDialogTest,
        PresetsFillTexturesAndBarsTheWaterSwitchGreysTheWaterAndPathsMustBeRelative) {
     const std::string home = editor.ProgramFolder();
     shell.openChoices = {home + "teratextures/Sub/Rock.tga", std::string("/elsewhere/x.jpg")};
+    std::filesystem::create_directories(home + "teratextures/Sub");
+    WriteText(home + "teratextures/Sub/Rock.tga", "x");
     Open();
     for (std::size_t i = 0; i < kPresetCount; ++i) {
         const LandPreset& land = TerrainPresetTable::land[i];
@@ -63,10 +92,10 @@ TEST_F(TerrainSettingsDialogTest,
     ASSERT_EQ(shell.openDialogs.size(), 1u);
     EXPECT_EQ(shell.openDialogs[0].folder, home + "teratextures");
     EXPECT_EQ(dialog->txtDetail->text(), "teratextures\\Sub\\Rock.tga");
-    EXPECT_NE(dialog->txtDetail->palette().color(QPalette::Text), QColor(255, 0, 0));
+    EXPECT_FALSE(ShownRed(dialog->txtDetail));
 
     Click(dialog->btnGround[0]);
-    EXPECT_EQ(dialog->txtGround->palette().color(QPalette::Text), QColor(255, 0, 0)) << "red";
+    EXPECT_TRUE(ShownRed(dialog->txtGround));
     EXPECT_EQ(shell.messages.size(), 1u);
     Click(dialog->btnMain[0]);
     EXPECT_EQ(shell.messages.size(), 2u) << "OK refuses it too";
@@ -137,7 +166,31 @@ TEST_F(TerrainSettingsDialogTest, OpeningOnATerrainShowsItAndOkAsksBeforeMakingT
     EXPECT_EQ(editor.Terrain().rows, 300);
 }
 
+TEST_F(TerrainSettingsDialogTest, APathNamingNoFileShowsRedAndOkAsksBeforeKeepingIt) {
+    Open();
+    dialog->txtGround->setText("teratextures\\Missing.jpg");
+    EXPECT_TRUE(ShownRed(dialog->txtGround));
+    dialog->txtGround->setText("TeraTextures\\grassterrain.JPG");
+    EXPECT_FALSE(ShownRed(dialog->txtGround)) << "found in another letter case";
+    dialog->txtGround->setText("teratextures\\Missing.jpg");
+    dialog->txtWater->setText("teratextures\\Gone.jpg");
+    shell.answers = {Answer::No, Answer::Yes};
+    Click(dialog->btnMain[0]);
+    ASSERT_EQ(shell.questions.size(), 1u);
+    EXPECT_EQ(shell.questions[0].title, "Texture Not Found");
+    EXPECT_EQ(shell.questions[0].defaultAnswer, Answer::No);
+    for (const char* named : {"Ground Texture was not found: teratextures\\Missing.jpg",
+                              "Water Texture was not found: teratextures\\Gone.jpg", "simulator"})
+        EXPECT_NE(shell.questions[0].text.find(named), std::string::npos) << shell.questions[0].text;
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_FALSE(editor.Terrain().terrainPresent) << "No keeps the dialog open and changes nothing";
+    Click(dialog->btnMain[0]);
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
+    EXPECT_EQ(editor.Terrain().groundTexture, "teratextures\\Missing.jpg") << "the user may go on";
+}
+
 TEST_F(MainWindowTest, TerrainNewOpensTheSettingsAndOkCreatesTheTerrain) {
+    TouchPresetTextures(Session().ProgramFolder());
     ASSERT_TRUE(window->Startup(""));
     EXPECT_FALSE(window->mnuTerrainSettings->isEnabled());
     WhenShown<frmTeraSettings>(window.get(), [](frmTeraSettings& d) {

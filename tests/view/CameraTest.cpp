@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -27,7 +28,7 @@ CameraState At(float x, float y, float z, float yaw = 0.0f, float pitch = 0.0f) 
 
 CameraState Step(CameraState camera, HeldKeys keys, const SceneGround* ground = nullptr,
                  bool stayAbove = false) {
-    KeyboardStep(camera, keys, ground, stayAbove);
+    KeyboardStep(camera, keys, ground, stayAbove, 0.02);
     return camera;
 }
 
@@ -49,6 +50,51 @@ TEST(CameraMoves, ShiftBeatsControlBeatsBAndForwardFollowsYawAndPitchWhileStrafi
     const CameraState turned = Step(CameraState{}, {.pitchUp = true, .yawLeft = true, .shift = true});
     EXPECT_EQ(turned.yaw, 5.0f);
     EXPECT_EQ(turned.pitch, 5.0f);
+}
+
+namespace {
+
+// Holds keys for `ticks` steps, each `seconds` after the previous.
+CameraState Hold(HeldKeys keys, int ticks, double seconds, CameraState camera = {0.0f, 100.0f, 0.0f}) {
+    for (int i = 0; i < ticks; ++i)
+        KeyboardStep(camera, keys, nullptr, false, seconds);
+    return camera;
+}
+
+} // namespace
+
+TEST(CameraTime, EverySpeedIsPerSecondWhateverTheFrameTimeAndALongGapCountsAsAQuarterSecond) {
+    // 25 ticks of 40 ms and 100 ticks of 10 ms are both one second: 50 units at the base speed.
+    EXPECT_NEAR(Hold({.forward = true}, 25, 0.040).z, -50.0f, 1e-3);
+    EXPECT_NEAR(Hold({.forward = true}, 100, 0.010).z, -50.0f, 1e-3);
+    EXPECT_NEAR(Hold({.forward = true, .shift = true}, 25, 0.040).z, -250.0f, 1e-2);
+    EXPECT_NEAR(Hold({.right = true, .control = true}, 25, 0.040).x, 5.0f, 1e-3);
+    EXPECT_NEAR(Hold({.up = true, .extraFast = true}, 10, 0.040).y, 100.0f + 400.0f, 1e-2);
+    EXPECT_NEAR(Hold({.yawLeft = true}, 20, 0.050).yaw, 50.0f, 1e-3) << "turning is per second too";
+    EXPECT_NEAR(Hold({.forward = true}, 4, 0.2).z, -40.0f, 1e-4) << "five frames a second keep the speed";
+    EXPECT_NEAR(Hold({.forward = true}, 1, 5.0).z, -12.5f, 1e-4) << "a five-second gap moves 0.25 s worth";
+    EXPECT_EQ(Hold({.forward = true}, 3, -0.5).z, 0.0f) << "a clock going back does not move";
+
+    StepClock clock;
+    EXPECT_EQ(clock.Elapsed(100.0), 0.02) << "the first step is one nominal tick";
+    EXPECT_NEAR(clock.Elapsed(100.04), 0.04, 1e-9);
+    EXPECT_NEAR(clock.Elapsed(100.25), 0.21, 1e-9);
+    clock.Restart();
+    EXPECT_EQ(clock.Elapsed(300.0), 0.02) << "after a restart, a nominal tick again";
+}
+
+TEST(CameraTurns, PitchStopsStraightUpAndDownWhileYawTurnsOnFreely) {
+    EXPECT_EQ(Hold({.pitchUp = true, .shift = true}, 30, 0.02).pitch, 90.0f);
+    EXPECT_EQ(Hold({.pitchDown = true, .shift = true}, 30, 0.02).pitch, -90.0f);
+    EXPECT_EQ(Hold({.yawRight = true, .shift = true}, 100, 0.02).yaw, -500.0f);
+    CameraState camera = {0.0f, 0.0f, 0.0f, 80.0f, 10.0f};
+    TurnCamera(camera, 5.0f, 25.0f);
+    EXPECT_EQ(camera.pitch, 90.0f);
+    EXPECT_EQ(camera.yaw, 15.0f);
+    TurnCamera(camera, 0.0f, -200.0f);
+    EXPECT_EQ(camera.pitch, -90.0f);
+    TurnCamera(camera, 0.0f, 30.0f);
+    EXPECT_EQ(camera.pitch, -60.0f) << "back from the limit at once";
 }
 
 TEST(CameraBounds, PositionStopsAtTheSceneEdgesAndHeightsAndTheCursorMovesFiftyIntoView) {
@@ -110,4 +156,70 @@ TEST(CameraLabels, ShowThreeIntegerDigitsAndTwoDecimals) {
                                                    {511.999f, "512.00"}, {1234.5f, "1234.50"}};
     for (const auto& [value, label] : cases)
         EXPECT_EQ(FormatPositionLabel(value), label) << value;
+}
+
+TEST(CameraMouse, LookTurnsAQuarterDegreePerPixelAndFlyingMovesAlongTheViewWithinTheSceneAndAboveGround) {
+    CameraState camera = At(0.0f, 50.0f, 0.0f, 10.0f);
+    MouseLookStep(camera, 8, -4); // right and up
+    EXPECT_FLOAT_EQ(camera.yaw, 8.0f);
+    EXPECT_FLOAT_EQ(camera.pitch, 1.0f) << "pointer up looks up";
+
+    const auto fly = [](CameraState c, bool forward, HeldKeys modifiers = {},
+                        const SceneGround* ground = nullptr, bool stayAbove = false) {
+        MouseFlyStep(c, forward, modifiers, ground, stayAbove, 0.02); // one nominal tick
+        return c;
+    };
+    EXPECT_NEAR(fly(At(0, 50, 0), true).z, -1.0f, 1e-5f) << "ahead is -z at yaw 0";
+    CameraState slow = At(0, 50, 0);
+    MouseFlyStep(slow, true, {}, nullptr, false, 0.04);
+    EXPECT_NEAR(slow.z, -2.0f, 1e-5f) << "a tick twice as long flies twice as far";
+    MouseLookStep(slow, 0, -400);
+    EXPECT_FLOAT_EQ(slow.pitch, 90.0f) << "looking up stops at straight up";
+    EXPECT_NEAR(fly(At(0, 50, 0), false, {.shift = true}).z, 5.0f, 1e-5f) << "backward, at Shift speed";
+    EXPECT_EQ(fly(At(0, 50, -511.5f), true).z, -512.0f) << "the scene's edge stops it";
+    const Ground high(33, 100.0f);
+    EXPECT_EQ(fly(At(0, 50, 0), true, {}, &high.scene, true).y, 105.0f);
+    EXPECT_EQ(fly(At(0, 50, 0), true, {}, &high.scene, false).y, 50.0f) << "the ground rule only when asked";
+}
+
+TEST(CursorDrag, MovesHalfAUnitPerPixelRightAndAwayFromTheCameraAndStopsAtTheSceneEdges) {
+    struct Case {
+        float yaw;
+        int dx, dy;
+        float x, z; // the cursor, starting at (0, 0)
+    };
+    // At yaw 0 the camera looks along -z with +x on its right; at yaw 90 it looks along -x.
+    const Case cases[] = {
+        {0, 10, 0, 5, 0}, {0, 0, -10, 0, -5}, {90, 10, 0, 0, -5}, {90, 0, -10, -5, 0}, {0, 4, 6, 2, 3}};
+    for (const Case& c : cases) {
+        CursorState cursor;
+        CursorDragStep(cursor, At(0, 10, 0, c.yaw), c.dx, c.dy, 4.0f);
+        EXPECT_NEAR(cursor.x, c.x, 1e-4f) << c.yaw << " " << c.dx << " " << c.dy;
+        EXPECT_NEAR(cursor.z, c.z, 1e-4f) << c.yaw << " " << c.dx << " " << c.dy;
+    }
+    CursorState cursor{500.0f, 0.0f, -500.0f};
+    CursorDragStep(cursor, At(0, 10, 0), 40, 40, 4.0f);
+    EXPECT_EQ(cursor.x, 508.0f) << "512 less one cell";
+    CursorDragStep(cursor, At(0, 10, 0), -4000, -4000, 4.0f);
+    EXPECT_TRUE(cursor.x == -512.0f && cursor.z == -512.0f);
+}
+
+TEST(BrushPoints, CoverTheSquareAroundThePointUnderTheCursorCutAtTheGridAndSitOnTheWater) {
+    TerrainData t;
+    t.spacingX = t.spacingZ = 256.0f;
+    t.heights.Resize(5, 5);
+    for (int row = 0; row < 5; ++row)
+        for (int column = 0; column < 5; ++column)
+            t.heights.At(row, column) = static_cast<float>(10 * row + column);
+    t.heights.At(3, 3) = -4.0f;
+    std::vector<Vector3> points = BrushPoints(t, {0.0f, 0.0f, 0.0f}, 1, false);
+    ASSERT_EQ(points.size(), 9u) << "rows and columns 1 to 3 around point (2, 2)";
+    EXPECT_TRUE(points[0].x == -256.0f && points[0].y == 11.0f && points[0].z == -256.0f);
+    EXPECT_TRUE(points[1].x == 0.0f && points[1].y == 12.0f) << "along the row first";
+    EXPECT_EQ(points[8].y, -4.0f);
+    EXPECT_EQ(BrushPoints(t, {0.0f, 0.0f, 0.0f}, 1, true)[8].y, 0.0f) << "on the water surface";
+    points = BrushPoints(t, {900.0f, 0.0f, 900.0f}, 2, false);
+    ASSERT_EQ(points.size(), 9u) << "the corner point (4, 4), cut at the grid's edges";
+    EXPECT_TRUE(points[8].x == 512.0f && points[8].z == 512.0f && points[8].y == 44.0f);
+    EXPECT_TRUE(BrushPoints(TerrainData{}, {}, 3, false).empty());
 }

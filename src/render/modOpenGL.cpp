@@ -2,7 +2,6 @@
 
 #include "TexturePath.h"
 #include "cDIBSection.h"
-#include "mPictureLoader.h"
 
 #include <GL/gl.h>
 #include <GL/glu.h>
@@ -89,9 +88,8 @@ void DrawSphere(const GLViewState& state, double radius, float red, float green,
 namespace {
 
 bool LoadTexture(unsigned& name, const std::string& programFolder, const std::string& path) {
-    const std::optional<std::string> file = ResolveTexturePath(programFolder, path);
     cDIBSection image;
-    if (!file || !LoadPictureFile(*file, image)) return false;
+    if (!LoadTexturePicture(programFolder, path, image)) return false;
     const std::vector<std::uint8_t> pixels = image.PackedBgr();
     // The previous texture is replaced, not kept: nothing else refers to it.
     if (name != 0) glDeleteTextures(1, &name);

@@ -12,9 +12,14 @@ namespace {
 bool DecodePictureWithQt(const std::string& path, cDIBSection& image) {
     QImageReader reader(QFile::decodeName(QByteArray::fromStdString(path)));
     // Refuse absurd sizes from the header before the pixels are decoded.
+    // A small compressed file may claim a huge picture: the pixels it claims are limited like the
+    // bitmap's own, and the decoder may allocate no more.
     const QSize size = reader.size();
-    if (size.isValid() && (size.width() > cDIBSection::kMaxSide || size.height() > cDIBSection::kMaxSide))
+    if (size.isValid() &&
+        (size.width() > cDIBSection::kMaxSide || size.height() > cDIBSection::kMaxSide ||
+         std::size_t(size.width()) * std::size_t(size.height()) * 3 > cDIBSection::kMaxBytes))
         return false;
+    reader.setAllocationLimit(static_cast<int>(cDIBSection::kMaxBytes >> 20) * 4 / 3 + 1);
     QImage picture;
     if (!reader.read(&picture) || picture.isNull()) return false;
     // Pixels that are partly transparent lose their alpha, as they would drawn on a black bitmap.

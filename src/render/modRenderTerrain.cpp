@@ -1,6 +1,5 @@
 // The terrain and the water, drawn block by block from the mesh's block arrays so that blocks
 // outside the view are skipped and each block goes to GL in a few calls.
-#include "Editor.h"
 #include "modRender.h"
 
 #include <GL/gl.h>
@@ -236,26 +235,25 @@ void SendWaterArrays(const RenderMesh& mesh, const std::vector<BlockPart>& parts
 
 } // namespace
 
-void DrawTerrain(const Editor& editor, const GLViewState& state, const RenderOptions& options) {
-    const RenderMesh& mesh = editor.Mesh();
+void DrawTerrain(const RenderInput& in, const GLViewState& state, const RenderOptions& options) {
+    const RenderMesh& mesh = in.mesh;
     if (mesh.Empty()) return;
-    const AppSettings& settings = editor.Settings();
     GroundLook look;
-    look.textured = settings.viewTextures && state.terrainTexture != 0;
-    look.lit = !settings.noLights;
-    look.plain = look.textured ? RgbColour{1.0f, 1.0f, 1.0f} : settings.colorTable[9];
-    look.highlight = settings.colorTable[7];
-    look.brush = BrushCells(editor.Terrain(), editor.Cursor().x, editor.Cursor().z, settings.sculptSize);
+    look.textured = in.view.textures && state.terrainTexture != 0;
+    look.lit = in.view.lights;
+    look.plain = look.textured ? RgbColour{1.0f, 1.0f, 1.0f} : in.colours[kColourTerrain];
+    look.highlight = in.colours[kColourBrush];
+    look.brush = BrushCells(in.terrain, in.cursor.x, in.cursor.z, in.view.brushSize);
     if (look.textured) {
         glEnable(GL_TEXTURE_2D);
         glBindTexture(GL_TEXTURE_2D, state.terrainTexture);
     }
     SetColour(look.plain);
-    ApplyCameraTransform(editor.Camera(), false);
-    const CellRange range = DrawnCells(editor.Terrain(), settings.clipTerrain);
+    ApplyCameraTransform(in.camera, false);
+    const CellRange range = DrawnCells(in.terrain, in.view.clipTerrain);
     if (options.cullBlocks) {
         std::vector<BlockPart> parts = VisibleParts(mesh, range);
-        NearestFirst(mesh, editor.Camera(), parts);
+        NearestFirst(mesh, in.camera, parts);
         SendGroundArrays(mesh, parts, range, look);
         // Filling the ground's pixels is most of a frame's work. Handing the last piece over now
         // lets the rasteriser fill it while the water, trees and track are sent.
@@ -267,23 +265,22 @@ void DrawTerrain(const Editor& editor, const GLViewState& state, const RenderOpt
     glDisable(GL_TEXTURE_2D);
 }
 
-void DrawWater(const Editor& editor, const GLViewState& state, const RenderOptions& options) {
-    const RenderMesh& mesh = editor.Mesh();
-    if (!editor.Terrain().waterEnabled || mesh.Empty()) return;
-    const AppSettings& settings = editor.Settings();
-    const bool textured = settings.viewTextures && state.waterTexture != 0;
-    const float alpha = settings.useWaterTrans ? settings.waterTrans : 1.0f;
+void DrawWater(const RenderInput& in, const GLViewState& state, const RenderOptions& options) {
+    const RenderMesh& mesh = in.mesh;
+    if (!in.terrain.waterEnabled || mesh.Empty()) return;
+    const bool textured = in.view.textures && state.waterTexture != 0;
+    const float alpha = in.view.waterTranslucent ? in.view.waterAlpha : 1.0f;
     if (textured) {
         glEnable(GL_TEXTURE_2D);
         glBindTexture(GL_TEXTURE_2D, state.waterTexture);
         glColor4f(1.0f, 1.0f, 1.0f, alpha);
     } else {
-        SetColour(settings.colorTable[10], alpha);
+        SetColour(in.colours[kColourWater], alpha);
     }
-    if (settings.useWaterTrans) glEnable(GL_BLEND);
-    ApplyCameraTransform(editor.Camera(), false);
+    if (in.view.waterTranslucent) glEnable(GL_BLEND);
+    ApplyCameraTransform(in.camera, false);
     glNormal3f(0.0f, 1.0f, 0.0f);
-    const CellRange range = DrawnCells(editor.Terrain(), settings.clipTerrain);
+    const CellRange range = DrawnCells(in.terrain, in.view.clipTerrain);
     if (options.cullBlocks)
         SendWaterArrays(mesh, VisibleParts(mesh, range), textured);
     else

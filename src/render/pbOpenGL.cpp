@@ -1,7 +1,5 @@
 #include "pbOpenGL.h"
 
-#include "Editor.h"
-
 #include <QOpenGLContext>
 #include <QSurfaceFormat>
 
@@ -47,20 +45,21 @@ void pbOpenGL::resizeGL(int width, int height) {
     ResizeGLScene(static_cast<int>(width * scale), static_cast<int>(height * scale), kFarPlane);
 }
 
-void pbOpenGL::LoadTextures() {
+void pbOpenGL::LoadTextures(const RenderInput& in) {
     texturesStale_ = false;
-    if (!editor_ || !editor_->Terrain().terrainPresent) return;
-    const TerrainModel& t = editor_->Terrain();
-    LoadTerrainTexture(state_, editor_->ProgramFolder(), t.groundTexture);
-    if (t.waterEnabled) LoadWaterTexture(state_, editor_->ProgramFolder(), t.waterTexture);
+    if (!in.terrain.terrainPresent) return;
+    const TerrainModel& t = in.terrain;
+    LoadTerrainTexture(state_, in.programFolder, t.groundTexture);
+    if (t.waterEnabled) LoadWaterTexture(state_, in.programFolder, t.waterTexture);
 }
 
 void pbOpenGL::paintGL() {
     if (!contextReady_) return;
-    if (!editor_) {
+    if (!source_) {
         glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
         return;
     }
-    if (texturesStale_) LoadTextures();
-    RenderScene(*editor_, state_, options_);
+    const RenderInput in = source_();
+    if (texturesStale_) LoadTextures(in);
+    RenderScene(in, state_, options_);
 }

@@ -1,12 +1,12 @@
 #pragma once
-// The 3D view: a QOpenGLWidget with a compatibility-profile context on which the editing session's
-// scene is drawn with fixed-function OpenGL.
+// The 3D view: a QOpenGLWidget with a compatibility-profile context on which a scene is drawn with
+// fixed-function OpenGL. What it draws comes from a RenderInput that its owner supplies each frame.
 
 #include "modRender.h"
 
 #include <QOpenGLWidget>
 
-class Editor;
+#include <functional>
 
 // Asks for the context the view needs (OpenGL 2.1 compatibility profile, depth buffer, double
 // buffering) for every widget made afterwards. Call before the QApplication is made.
@@ -18,8 +18,9 @@ public:
     explicit pbOpenGL(QWidget* parent = nullptr);
     ~pbOpenGL() override;
 
-    // The session whose scene is drawn; nothing is drawn without one.
-    void SetEditor(const Editor* editor) { editor_ = editor; }
+    // Gives what to draw, asked for at every frame; nothing is drawn without a source.
+    using InputSource = std::function<RenderInput()>;
+    void SetInputSource(InputSource source) { source_ = std::move(source); }
     // Whether a usable context was created when the widget was first shown.
     bool ContextReady() const { return contextReady_; }
     // The terrain's textures are loaded again before the next frame.
@@ -37,9 +38,9 @@ protected:
     void paintGL() override;
 
 private:
-    void LoadTextures();
+    void LoadTextures(const RenderInput& in);
 
-    const Editor* editor_ = nullptr;
+    InputSource source_;
     GLViewState state_;
     RenderOptions options_;
     bool contextReady_ = false;
