@@ -7,6 +7,7 @@ cd "$(dirname "$0")"
 
 lw_install_packages "${LW_PACKAGES[@]}"
 lw_prepare_comma_locale
+lw_check_format
 
 lw_build build -DCMAKE_BUILD_TYPE=RelWithDebInfo -DLW_WERROR=ON
 # Widget and GL tests need a display: the whole run goes under a virtual X server.

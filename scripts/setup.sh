@@ -6,7 +6,7 @@ LW_PACKAGES=(
   qt6-base-dev libqt6opengl6-dev libglu1-mesa-dev libgl1-mesa-dri
   xvfb xauth
   googletest libgtest-dev libgmock-dev libbenchmark-dev
-  locales
+  locales clang-format clang-tidy
 )
 
 lw_missing_packages() {
@@ -47,4 +47,10 @@ lw_prepare_comma_locale() {
   local sudo=""
   [ "$(id -u)" -ne 0 ] && { command -v sudo >/dev/null || return 0; sudo="sudo -n"; }
   $sudo localedef -i de_DE -f UTF-8 de_DE.UTF-8 2>/dev/null || echo "note: no de_DE.UTF-8 locale; the decimal-comma test will be skipped"
+}
+
+# Every C++ file of the repository laid out as .clang-format says; a difference fails with the
+# file and line.
+lw_check_format() {
+  find src tests bench tools -name '*.cpp' -o -name '*.h' | sort | xargs clang-format --dry-run --Werror
 }

@@ -34,7 +34,8 @@ void Editor::FlyByKeys(const HeldKeys& keys, double elapsedSeconds) {
 
 void Editor::FlyByMouse(bool forward, const HeldKeys& modifiers, double elapsedSeconds) {
     const std::optional<SceneGround> ground = Ground();
-    MouseFlyStep(view_.camera, forward, modifiers, ground ? &*ground : nullptr, settings_.stayAbove, elapsedSeconds);
+    MouseFlyStep(view_.camera, forward, modifiers, ground ? &*ground : nullptr, settings_.stayAbove,
+                 elapsedSeconds);
     notify_.RenderScene();
 }
 

@@ -24,7 +24,9 @@ int Fail(const std::string& message) {
     return 1;
 }
 
-bool IsTerrainFile(const std::string& path) { return HasExtension(path, ".cvtera"); }
+bool IsTerrainFile(const std::string& path) {
+    return HasExtension(path, ".cvtera");
+}
 
 int Info(const std::string& path) {
     if (IsTerrainFile(path)) {

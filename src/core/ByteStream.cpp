@@ -84,7 +84,8 @@ bool ByteReader::ReadString(std::string& value) {
 
 bool ByteReader::ReadChunkId(std::string& id) {
     if (!ReadText(4, id)) return false;
-    for (char& c : id) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    for (char& c : id)
+        c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
     return true;
 }
 
@@ -100,7 +101,8 @@ bool ByteReader::ReadSingles(float* values, std::size_t count) {
     }
     const std::uint8_t* at = nullptr;
     Take(count * 4, at);
-    for (std::size_t i = 0; i < count; ++i) values[i] = std::bit_cast<float>(LoadBigEndian(at + 4 * i));
+    for (std::size_t i = 0; i < count; ++i)
+        values[i] = std::bit_cast<float>(LoadBigEndian(at + 4 * i));
     return true;
 }
 
@@ -123,7 +125,9 @@ void ByteWriter::WriteLong(std::int32_t value) {
     bytes_.insert(bytes_.end(), raw, raw + 4);
 }
 
-void ByteWriter::WriteSingle(float value) { WriteLong(static_cast<std::int32_t>(std::bit_cast<std::uint32_t>(value))); }
+void ByteWriter::WriteSingle(float value) {
+    WriteLong(static_cast<std::int32_t>(std::bit_cast<std::uint32_t>(value)));
+}
 
 void ByteWriter::WriteString(const std::string& text) {
     WriteLong(static_cast<std::int32_t>(text.size()));
@@ -134,5 +138,6 @@ void ByteWriter::WriteSingles(const float* values, std::size_t count) {
     const std::size_t start = bytes_.size();
     bytes_.resize(start + 4 * count);
     std::uint8_t* at = bytes_.data() + start;
-    for (std::size_t i = 0; i < count; ++i) StoreBigEndian(std::bit_cast<std::uint32_t>(values[i]), at + 4 * i);
+    for (std::size_t i = 0; i < count; ++i)
+        StoreBigEndian(std::bit_cast<std::uint32_t>(values[i]), at + 4 * i);
 }

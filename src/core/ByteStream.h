@@ -63,7 +63,8 @@ public:
     void WriteString(const std::string& text);
     void WriteZeros(std::size_t count) { bytes_.insert(bytes_.end(), count, 0); }
     void WriteChunkId(const char* id) {
-        for (int i = 0; i < 4; ++i) bytes_.push_back(static_cast<std::uint8_t>(id[i]));
+        for (int i = 0; i < 4; ++i)
+            bytes_.push_back(static_cast<std::uint8_t>(id[i]));
     }
     // Big-endian singles for a whole block at once; used for height grids.
     void WriteSingles(const float* values, std::size_t count);

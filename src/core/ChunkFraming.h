@@ -23,25 +23,31 @@ inline bool ReadCount(ByteReader& reader, std::int32_t& count, std::size_t itemB
 }
 
 template <std::size_t N> void ReadSingles(ByteReader& reader, std::array<float, N>& values) {
-    for (float& v : values) reader.ReadSingle(v);
+    for (float& v : values)
+        reader.ReadSingle(v);
 }
 
 template <std::size_t N> void WriteSingles(ByteWriter& writer, const std::array<float, N>& values) {
-    for (float v : values) writer.WriteSingle(v);
+    for (float v : values)
+        writer.WriteSingle(v);
 }
 
 template <std::size_t N> void ReadLongs(ByteReader& reader, std::array<std::int32_t, N>& values) {
-    for (std::int32_t& v : values) reader.ReadLong(v);
+    for (std::int32_t& v : values)
+        reader.ReadLong(v);
 }
 
 template <std::size_t N> void WriteLongs(ByteWriter& writer, const std::array<std::int32_t, N>& values) {
-    for (std::int32_t v : values) writer.WriteLong(v);
+    for (std::int32_t v : values)
+        writer.WriteLong(v);
 }
 
 template <std::size_t N> void ReadColours(ByteReader& reader, std::array<Colour, N>& values) {
-    for (Colour& v : values) reader.ReadColour(v);
+    for (Colour& v : values)
+        reader.ReadColour(v);
 }
 
 template <std::size_t N> void WriteColours(ByteWriter& writer, const std::array<Colour, N>& values) {
-    for (Colour v : values) writer.WriteColour(v);
+    for (Colour v : values)
+        writer.WriteColour(v);
 }

@@ -104,7 +104,9 @@ void WriteChunk(ByteWriter& writer, const SceneryObjectRecord& record, std::int3
 
 std::int64_t OwnSize(const TerrainRecord& record) {
     const TerrainData& t = record.terrain;
-    return 81 + static_cast<std::int64_t>(t.groundTexture.size() + t.detailTexture.size() + t.waterTexture.size()) +
+    return 81 +
+           static_cast<std::int64_t>(t.groundTexture.size() + t.detailTexture.size() +
+                                     t.waterTexture.size()) +
            4 * GridPoints(t);
 }
 

@@ -30,7 +30,9 @@ void WriteNodeRef(ByteWriter& writer, const NodeRef& node) {
 
 // ---- SUPP ----
 
-std::int64_t OwnSize(const SupportRecord&) { return 36; }
+std::int64_t OwnSize(const SupportRecord&) {
+    return 36;
+}
 
 bool ReadChunk(ByteReader& reader, SupportRecord& record) {
     reader.ReadLong(record.frame.length);
@@ -88,7 +90,8 @@ void WriteChunk(ByteWriter& writer, const FooterRecord& record, std::int32_t len
 
 std::int64_t OwnSize(const RailConnectorRecord& record) {
     std::int64_t size = 40;
-    for (const auto& group : record.groups) size += 4 + 24 * static_cast<std::int64_t>(group.size());
+    for (const auto& group : record.groups)
+        size += 4 + 24 * static_cast<std::int64_t>(group.size());
     return size;
 }
 
@@ -158,7 +161,9 @@ void WriteChunk(ByteWriter& writer, const FreeNodeRecord& record, std::int32_t l
 
 // ---- TUBE ----
 
-std::int64_t OwnSize(const TubeRecord& record) { return 40 + 48 * static_cast<std::int64_t>(record.tubes.size()); }
+std::int64_t OwnSize(const TubeRecord& record) {
+    return 40 + 48 * static_cast<std::int64_t>(record.tubes.size());
+}
 
 bool ReadChunk(ByteReader& reader, TubeRecord& record) {
     reader.ReadLong(record.frame.length);
@@ -198,7 +203,8 @@ void WriteChunk(ByteWriter& writer, const TubeRecord& record, std::int32_t lengt
 
 std::int64_t OwnSize(const CatwalkRecord& record) {
     std::int64_t size = 40;
-    for (const Catwalk& catwalk : record.catwalks) size += 28 + static_cast<std::int64_t>(std::max(catwalk.trailingBytes, 0));
+    for (const Catwalk& catwalk : record.catwalks)
+        size += 28 + static_cast<std::int64_t>(std::max(catwalk.trailingBytes, 0));
     return size;
 }
 
@@ -212,7 +218,8 @@ bool ReadChunk(ByteReader& reader, CatwalkRecord& record) {
         ReadLongs(reader, catwalk.longs);
         reader.ReadLong(catwalk.trailingBytes);
         // The trailing bytes carry nothing the editor keeps; a negative count is a damaged file.
-        if (catwalk.trailingBytes < 0 || !reader.Skip(static_cast<std::size_t>(catwalk.trailingBytes))) return false;
+        if (catwalk.trailingBytes < 0 || !reader.Skip(static_cast<std::size_t>(catwalk.trailingBytes)))
+            return false;
     }
     return ReadChunkEnd(reader, record.frame);
 }

@@ -20,20 +20,29 @@ constexpr FieldRun kType1[] = {{'z', 4}, {'f', 4}, {'b', 2}, {'o', 1}, {'b', 1},
                                {'f', 1}, {'z', 4}, {'f', 2}, {'z', 4}, {'o', 1}, {'f', 3}, {'z', 64}};
 constexpr FieldRun kType2[] = {{'z', 7}, {'b', 1}, {'f', 3}, {'z', 4}, {'o', 2}, {'z', 14}};
 constexpr FieldRun kType3[] = {{'z', 4}, {'f', 3}, {'z', 3}, {'b', 1}, {'o', 2}, {'z', 10}};
-constexpr FieldRun kType4[] = {{'z', 4}, {'f', 3}, {'z', 4}, {'f', 1}, {'o', 2}, {'f', 3}, {'o', 3}, {'z', 13}};
+constexpr FieldRun kType4[] = {{'z', 4}, {'f', 3}, {'z', 4}, {'f', 1},
+                               {'o', 2}, {'f', 3}, {'o', 3}, {'z', 13}};
 
 std::span<const FieldRun> SegmentLayout(std::int32_t type) {
     switch (type) {
-    case kTrack: return kType0;
-    case kStation: return kType1;
-    case kLift: return kType2;
-    case kTransport: return kType3;
-    case kBrake: return kType4;
-    default: return {};
+    case kTrack:
+        return kType0;
+    case kStation:
+        return kType1;
+    case kLift:
+        return kType2;
+    case kTransport:
+        return kType3;
+    case kBrake:
+        return kType4;
+    default:
+        return {};
     }
 }
 
-int RunBytes(const FieldRun& run) { return run.kind == 'f' ? 4 * run.count : run.count; }
+int RunBytes(const FieldRun& run) {
+    return run.kind == 'f' ? 4 * run.count : run.count;
+}
 
 void ReadSegmentPart(ByteReader& reader, Segment& segment) {
     segment.details.clear();
@@ -68,9 +77,12 @@ void WriteSegmentPart(ByteWriter& writer, const Segment& segment) {
         for (int i = 0; i < run.count; ++i, ++next) {
             // A segment built in code may carry fewer values than its type holds: the rest are 0.
             const std::uint32_t raw = next < segment.details.size() ? segment.details[next] : 0;
-            if (run.kind == 'f') writer.WriteLong(static_cast<std::int32_t>(raw));
-            else if (run.kind == 'o') writer.WriteBool(raw != 0);
-            else writer.WriteByte(static_cast<std::uint8_t>(raw));
+            if (run.kind == 'f')
+                writer.WriteLong(static_cast<std::int32_t>(raw));
+            else if (run.kind == 'o')
+                writer.WriteBool(raw != 0);
+            else
+                writer.WriteByte(static_cast<std::uint8_t>(raw));
         }
     }
 }
@@ -83,7 +95,8 @@ constexpr std::size_t kSegmentMinBytes = 33;
 
 int SegmentPartBytes(std::int32_t type) {
     int bytes = 0;
-    for (const FieldRun& run : SegmentLayout(type)) bytes += RunBytes(run);
+    for (const FieldRun& run : SegmentLayout(type))
+        bytes += RunBytes(run);
     return bytes;
 }
 
@@ -98,7 +111,8 @@ int SegmentPartValues(std::int32_t type) {
 
 std::int64_t OwnSize(const TrackRecord& record) {
     std::int64_t size = 64;
-    for (const TrackEntry& entry : record.entries) size += 28 + static_cast<std::int64_t>(entry.name.size());
+    for (const TrackEntry& entry : record.entries)
+        size += 28 + static_cast<std::int64_t>(entry.name.size());
     return size;
 }
 
@@ -139,7 +153,9 @@ void WriteChunk(ByteWriter& writer, const TrackRecord& record, std::int32_t leng
 
 // ---- INFO ----
 
-std::int64_t OwnSize(const InfoRecord& record) { return 24 + static_cast<std::int64_t>(record.description.size()); }
+std::int64_t OwnSize(const InfoRecord& record) {
+    return 24 + static_cast<std::int64_t>(record.description.size());
+}
 
 bool ReadChunk(ByteReader& reader, InfoRecord& record) {
     reader.ReadLong(record.frame.length);
@@ -169,7 +185,8 @@ bool ReadChunk(ByteReader& reader, BezierRecord& record) {
     record.vertices.assign(static_cast<std::size_t>(count), BezierVertex{});
     for (BezierVertex& vertex : record.vertices) {
         ReadSingles(reader, vertex.values);
-        for (bool& flag : vertex.flags) reader.ReadBool(flag);
+        for (bool& flag : vertex.flags)
+            reader.ReadBool(flag);
         reader.Skip(17);
     }
     return ReadChunkEnd(reader, record.frame);
@@ -181,7 +198,8 @@ void WriteChunk(ByteWriter& writer, const BezierRecord& record, std::int32_t len
     writer.WriteLong(static_cast<std::int32_t>(record.vertices.size()));
     for (const BezierVertex& vertex : record.vertices) {
         WriteSingles(writer, vertex.values);
-        for (bool flag : vertex.flags) writer.WriteBool(flag);
+        for (bool flag : vertex.flags)
+            writer.WriteBool(flag);
         writer.WriteZeros(17);
     }
     writer.WriteLong(0);
@@ -191,7 +209,8 @@ void WriteChunk(ByteWriter& writer, const BezierRecord& record, std::int32_t len
 
 std::int64_t OwnSize(const SegmentRecord& record) {
     std::int64_t size = 41;
-    for (const Segment& segment : record.segments) size += 33 + SegmentPartBytes(segment.type);
+    for (const Segment& segment : record.segments)
+        size += 33 + SegmentPartBytes(segment.type);
     return size;
 }
 

@@ -208,8 +208,8 @@ struct EnvironmentRecord {
 
 struct TrackDocument {
     std::array<std::uint8_t, 4> version{}; // as read; always written as 1, 3, 0, 0
-    std::int32_t headerLength = 0;          // as read
-    std::int32_t headerChunkCount = 0;      // as read
+    std::int32_t headerLength = 0;         // as read
+    std::int32_t headerChunkCount = 0;     // as read
 
     TrackRecord track;
     InfoRecord info;

@@ -10,7 +10,9 @@ namespace {
 
 constexpr const char* kTrackExtension = ".cvtrack";
 
-TrackReadResult Failure(TrackReadStatus status, std::string message) { return {status, std::move(message)}; }
+TrackReadResult Failure(TrackReadStatus status, std::string message) {
+    return {status, std::move(message)};
+}
 
 template <typename Record>
 bool ReadInto(ByteReader& reader, Record& record, std::int32_t& length, std::int32_t& closing) {
@@ -44,7 +46,8 @@ bool ReadKnownChunk(const std::string& id, ByteReader& reader, TrackDocument& do
 
 std::string Printable(const std::string& id) {
     std::string shown;
-    for (char c : id) shown += (c >= 32 && c < 127) ? c : '?';
+    for (char c : id)
+        shown += (c >= 32 && c < 127) ? c : '?';
     return shown;
 }
 
@@ -54,7 +57,8 @@ TrackReadResult WalkChunks(ByteReader& reader, TrackDocument& doc, std::vector<C
         return Failure(TrackReadStatus::NotATrack, "not a track file: it does not begin with CRVT");
     std::int32_t count = 0;
     reader.ReadLong(doc.headerLength);
-    for (std::uint8_t& b : doc.version) reader.ReadByte(b);
+    for (std::uint8_t& b : doc.version)
+        reader.ReadByte(b);
     reader.Skip(16);
     reader.ReadLong(count);
     if (!reader.Ok()) return Failure(TrackReadStatus::Corrupt, "the file ends inside its header");
@@ -66,14 +70,15 @@ TrackReadResult WalkChunks(ByteReader& reader, TrackDocument& doc, std::vector<C
         const std::size_t offset = reader.Position();
         std::string id;
         if (!reader.ReadChunkId(id))
-            return Failure(TrackReadStatus::Corrupt, "the file ends where another chunk was expected (at byte " +
-                                                         std::to_string(offset) + ")");
+            return Failure(TrackReadStatus::Corrupt,
+                           "the file ends where another chunk was expected (at byte " +
+                               std::to_string(offset) + ")");
         bool known = true;
         std::int32_t length = 0;
         std::int32_t closing = 0;
         if (!ReadKnownChunk(id, reader, doc, known, length, closing))
-            return Failure(TrackReadStatus::Corrupt, "chunk " + id + " at byte " + std::to_string(offset) +
-                                                         " is truncated or corrupt");
+            return Failure(TrackReadStatus::Corrupt,
+                           "chunk " + id + " at byte " + std::to_string(offset) + " is truncated or corrupt");
         if (!known) {
             // Unknown chunks are skipped by their length plus four bytes, the way the simulator's
             // tools step over them; nothing of them is kept.
@@ -97,14 +102,18 @@ TrackReadResult ParseTrack(std::span<const std::uint8_t> bytes, TrackDocument& d
     fresh.environment = doc.environment;
     ByteReader reader(bytes);
     TrackReadResult result = WalkChunks(reader, fresh, listing);
-    if (result) doc = std::move(fresh);
-    else doc.ResetKeepingEnvironment();
+    if (result)
+        doc = std::move(fresh);
+    else
+        doc.ResetKeepingEnvironment();
     return result;
 }
 
-TrackReadResult ReadTrackFile(const std::string& path, TrackDocument& doc, std::vector<ChunkListing>* listing) {
+TrackReadResult ReadTrackFile(const std::string& path, TrackDocument& doc,
+                              std::vector<ChunkListing>* listing) {
     if (path.empty() || !HasExtension(path, kTrackExtension))
-        return Failure(TrackReadStatus::InvalidName, "not a track file name (it must end in .cvtrack): " + path);
+        return Failure(TrackReadStatus::InvalidName,
+                       "not a track file name (it must end in .cvtrack): " + path);
     if (!FileExists(path)) return Failure(TrackReadStatus::NotFound, "no such file: " + path);
     std::vector<std::uint8_t> bytes;
     std::string error;
@@ -141,7 +150,8 @@ std::vector<std::uint8_t> SerializeTrack(const TrackDocument& doc) {
     w.Reserve(static_cast<std::size_t>(l.file) + 8);
     w.WriteChunkId("CRVT");
     w.WriteLong(len(l.file));
-    for (std::uint8_t b : {1, 3, 0, 0}) w.WriteByte(b);
+    for (std::uint8_t b : {1, 3, 0, 0})
+        w.WriteByte(b);
     w.WriteZeros(16);
     w.WriteLong(doc.terrain.terrainInTrack ? 4 : 3);
 

@@ -31,5 +31,5 @@ FilterMatrix PresetMatrix(int index);
 // pass bounds its columns by the row count as well, leaving the columns from `rows` on untouched.
 // A factor of 0 divides by nothing sensible: the terrain is left unchanged and an empty rectangle
 // returned (the dialog refuses such a factor before it gets here).
-GridRect FilterTerrain(TerrainData& terrain, const FilterMatrix& matrix, bool onlyInArea, float cursorX, float cursorZ,
-                       int radius);
+GridRect FilterTerrain(TerrainData& terrain, const FilterMatrix& matrix, bool onlyInArea, float cursorX,
+                       float cursorZ, int radius);

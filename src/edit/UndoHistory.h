@@ -2,9 +2,10 @@
 // Undo and redo of height changes: two stacks of whole-grid snapshots.
 //
 // Each stack has 20 slots, every one reserved once at the largest grid (513 x 513) so that pushing
-// never allocates; the memory is only written when a step is pushed. A slot remembers the grid's column and row counts with its heights. When a stack
-// is full, pushing drops its oldest step. A new edit does not clear the redo stack: the redo steps
-// stay available, and a later Redo puts back the state saved before the last Undo.
+// never allocates; the memory is only written when a step is pushed. A slot remembers the grid's column and
+// row counts with its heights. When a stack is full, pushing drops its oldest step. A new edit does not clear
+// the redo stack: the redo steps stay available, and a later Redo puts back the state saved before the last
+// Undo.
 
 #include "TerrainModel.h"
 

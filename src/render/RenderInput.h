@@ -21,7 +21,7 @@ struct ViewSwitches {
     bool guidelines = false;
     bool supports = true;
     bool trees = true;
-    bool skybox = true; // a sky gradient behind the scene instead of the plain background
+    bool skybox = true;       // a sky gradient behind the scene instead of the plain background
     bool clipTerrain = false; // only the central 440 x 440 units
     bool lights = true;
     bool waterTranslucent = true;

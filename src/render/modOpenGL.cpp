@@ -60,7 +60,8 @@ void ResizeGLScene(int width, int height, double farPlane) {
     glViewport(0, 0, width, height);
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
-    gluPerspective(kFieldOfView, static_cast<double>(width) / static_cast<double>(height), kNearPlane, farPlane);
+    gluPerspective(kFieldOfView, static_cast<double>(width) / static_cast<double>(height), kNearPlane,
+                   farPlane);
     glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
 }
@@ -100,7 +101,8 @@ bool LoadTexture(unsigned& name, const std::string& programFolder, const std::st
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
     glPixelStorei(GL_UNPACK_ALIGNMENT, 1); // rows are packed without padding
-    glTexImage2D(GL_TEXTURE_2D, 0, 3, image.Width(), image.Height(), 0, GL_BGR_EXT, GL_UNSIGNED_BYTE, pixels.data());
+    glTexImage2D(GL_TEXTURE_2D, 0, 3, image.Width(), image.Height(), 0, GL_BGR_EXT, GL_UNSIGNED_BYTE,
+                 pixels.data());
     glBindTexture(GL_TEXTURE_2D, 0);
     return true;
 }

@@ -16,6 +16,7 @@ RenderInput MakeRenderInput(const Editor& editor) {
     view.waterTranslucent = s.useWaterTrans;
     view.waterAlpha = s.waterTrans;
     view.brushSize = s.sculptSize;
-    return {editor.Terrain(), editor.Mesh(),  editor.Track(),           editor.Spine(), editor.Camera(),
-            editor.Cursor(),  s.colorTable, editor.ProgramFolder(), view};
+    return {editor.Terrain(), editor.Mesh(),          editor.Track(),
+            editor.Spine(),   editor.Camera(),        editor.Cursor(),
+            s.colorTable,     editor.ProgramFolder(), view};
 }

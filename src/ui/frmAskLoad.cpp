@@ -62,17 +62,19 @@ void cAskDialog::closeEvent(QCloseEvent* event) {
 }
 
 frmAskLoadTrackTerrain::frmAskLoadTrackTerrain(QWidget* parent)
-    : cAskDialog(parent, "Track Contains Terrain Data...",
-                 "This track already contains terrain data.  Would you like to load this tracks terrain loosing "
-                 "the current terrain in the editor.  Or merge this track with the current terrain?",
-                 "Load Tracks Terrain", "Merge Track with Current Terrain") {
+    : cAskDialog(
+          parent, "Track Contains Terrain Data...",
+          "This track already contains terrain data.  Would you like to load this tracks terrain loosing "
+          "the current terrain in the editor.  Or merge this track with the current terrain?",
+          "Load Tracks Terrain", "Merge Track with Current Terrain") {
     setObjectName("frmAskLoadTrackTerrain");
 }
 
 frmAskLoadNoTerrain::frmAskLoadNoTerrain(QWidget* parent)
-    : cAskDialog(parent, "Track Does Not Have Terrain...",
-                 "This track does not have any terrain, but there is terrain in the editor.  Would you like to "
-                 "remove the current terrain.  Or keep the terrain and merge it with this track?",
-                 "Remove Terrain", "Keep Terrain") {
+    : cAskDialog(
+          parent, "Track Does Not Have Terrain...",
+          "This track does not have any terrain, but there is terrain in the editor.  Would you like to "
+          "remove the current terrain.  Or keep the terrain and merge it with this track?",
+          "Remove Terrain", "Keep Terrain") {
     setObjectName("frmAskLoadNoTerrain");
 }

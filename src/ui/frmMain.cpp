@@ -1,8 +1,8 @@
 #include "frmMain.h"
 
+#include "RenderInputFromEditor.h"
 #include "frmSplash.h"
 #include "mPictureLoader.h"
-#include "RenderInputFromEditor.h"
 #include "pbOpenGL.h"
 
 #include <QApplication>

@@ -16,7 +16,6 @@
 #include <QTimer>
 #include <QToolBar>
 
-
 namespace {
 
 // A tick every 20 ms, the nominal tick of the camera's speeds; a slower tick moves further per step.

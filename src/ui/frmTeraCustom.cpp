@@ -1,5 +1,5 @@
-#include "DialogButtons.h"
 #include "frmTeraCustom.h"
+#include "DialogButtons.h"
 
 #include "TerrainSettings.h"
 #include "WidgetShell.h"

@@ -241,7 +241,8 @@ TerrainSettingsValues frmTeraSettings::Values() const {
 void frmTeraSettings::btnMain_Click(std::size_t index) {
     switch (index) {
     case 0:
-        if (MissingTexturesAccepted() && DialogMayClose(editor_.ApplyTerrainSettings(Values(), purpose_))) accept();
+        if (MissingTexturesAccepted() && DialogMayClose(editor_.ApplyTerrainSettings(Values(), purpose_)))
+            accept();
         break;
     case 1:
         reject();

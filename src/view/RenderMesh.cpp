@@ -16,7 +16,9 @@ double RepeatPoints(int points, float tiling) {
 
 } // namespace
 
-void RenderMesh::Clear() { *this = RenderMesh{}; }
+void RenderMesh::Clear() {
+    *this = RenderMesh{};
+}
 
 void RenderMesh::Build(const TerrainData& terrain) {
     columns_ = terrain.heights.Columns();
@@ -44,7 +46,8 @@ void RenderMesh::Build(const TerrainData& terrain) {
                 groundUV_[i] = waterUV_[i] = {};
                 continue;
             }
-            vertices_[i] = {GridCoordinate(column, columns_, terrain.spacingX), terrain.heights.At(row, column), z};
+            vertices_[i] = {GridCoordinate(column, columns_, terrain.spacingX),
+                            terrain.heights.At(row, column), z};
             groundUV_[i] = {static_cast<float>(column / groundX), static_cast<float>(row / groundZ)};
             waterUV_[i] = {static_cast<float>(column / waterX), static_cast<float>(row / waterZ)};
         }
@@ -54,7 +57,8 @@ void RenderMesh::Build(const TerrainData& terrain) {
     UpdateNormals(1, 0, columns_ - 1, rows_ - 2);
 }
 
-void RenderMesh::UpdateArea(const TerrainData& terrain, int firstColumn, int firstRow, int lastColumn, int lastRow) {
+void RenderMesh::UpdateArea(const TerrainData& terrain, int firstColumn, int firstRow, int lastColumn,
+                            int lastRow) {
     if (Empty() || terrain.heights.Columns() != columns_ || terrain.heights.Rows() != rows_) {
         Build(terrain);
         return;
@@ -68,8 +72,8 @@ void RenderMesh::UpdateArea(const TerrainData& terrain, int firstColumn, int fir
         for (int column = firstColumn; column <= lastColumn; ++column)
             vertices_[PointIndex(column, row)].y = terrain.heights.At(row, column);
     // A point belongs to the cells on both sides of it: widen by one cell each way.
-    UpdateNormals(std::max(1, firstColumn - 1), std::max(0, firstRow - 1), std::min(columns_ - 1, lastColumn + 1),
-                  std::min(rows_ - 2, lastRow + 1));
+    UpdateNormals(std::max(1, firstColumn - 1), std::max(0, firstRow - 1),
+                  std::min(columns_ - 1, lastColumn + 1), std::min(rows_ - 2, lastRow + 1));
     for (MeshBlock& block : blocks_) {
         const CellRange& c = block.cells;
         if (c.lastColumn >= firstColumn && c.firstColumn - 1 <= lastColumn && c.lastRow + 1 >= firstRow &&

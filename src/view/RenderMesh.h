@@ -40,7 +40,7 @@ inline constexpr int kMeshBlockCells = 16;
 
 struct MeshBlock {
     CellRange cells;
-    Vector3 low;  // bounding box of the block's corner points
+    Vector3 low; // bounding box of the block's corner points
     Vector3 high;
 };
 
@@ -117,7 +117,8 @@ public:
 
 private:
     std::size_t PointIndex(int column, int row) const {
-        return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_ + 1) + static_cast<std::size_t>(column);
+        return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_ + 1) +
+               static_cast<std::size_t>(column);
     }
     // Where in ground_ the normal of a triangle of cell (column, row) is kept: on the cell's D,
     // or its second copy.

@@ -127,7 +127,8 @@ void MoveCursorIntoView(CursorState& cursor, const CameraState& camera, float sp
 
 void MouseLookStep(CameraState& camera, int dx, int dy) {
     // Pointer right turns right, pointer up looks up; the pitch stops at straight up and down.
-    TurnCamera(camera, -static_cast<float>(dx) * kLookDegreesPerPixel, -static_cast<float>(dy) * kLookDegreesPerPixel);
+    TurnCamera(camera, -static_cast<float>(dx) * kLookDegreesPerPixel,
+               -static_cast<float>(dy) * kLookDegreesPerPixel);
 }
 
 void MouseFlyStep(CameraState& camera, bool forward, const HeldKeys& modifiers, const SceneGround* ground,

@@ -87,8 +87,9 @@ TEST_F(MainWindowTest, EveryViewSwitchChangesThePicture) {
     Session().SetViewSwitch(ViewSwitch::Guidelines, false);
     window->UpdateUI();
     auto frame = [&] { return window->view->grabFramebuffer(); };
-    for (const char* name : {"mnuViewTerrain", "mnuViewWater", "mnuViewTextures", "mnuViewTrack",
-                             "mnuViewSupports", "mnuViewGuidelines", "mnuViewTrees", "mnuClipTerrain", "mnuViewSkybox"}) {
+    for (const char* name :
+         {"mnuViewTerrain", "mnuViewWater", "mnuViewTextures", "mnuViewTrack", "mnuViewSupports",
+          "mnuViewGuidelines", "mnuViewTrees", "mnuClipTerrain", "mnuViewSkybox"}) {
         const QImage before = frame();
         Action(name)->trigger();
         EXPECT_NE(frame(), before) << name;

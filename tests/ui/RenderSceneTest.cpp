@@ -48,8 +48,8 @@ protected:
         editor.InitPaths();
         Change([](AppSettings& s) {
             s.viewTextures = false;
-            s.noLights = true;      // exact colours until lighting is tested
-            s.viewSkybox = false;   // an empty scene is the plain black background
+            s.noLights = true;    // exact colours until lighting is tested
+            s.viewSkybox = false; // an empty scene is the plain black background
             s.sculptSize = 0;
         });
         view.SetInputSource([this] { return MakeRenderInput(editor); });

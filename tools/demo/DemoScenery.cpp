@@ -22,7 +22,7 @@ constexpr double kTrackClearance = 10.0;
 
 // SplitMix64: a tiny generator whose sequence is fixed by its seed on every platform.
 class Random {
-  public:
+public:
     explicit Random(std::uint64_t seed) : state_(seed) {}
 
     // Uniform in [0, 1), from the top 53 bits.
@@ -35,7 +35,7 @@ class Random {
         return static_cast<double>(z >> 11) * 0x1.0p-53;
     }
 
-  private:
+private:
     std::uint64_t state_;
 };
 

@@ -40,7 +40,7 @@ Footer FooterAt(double x, double z) {
 }
 
 class SupportBuilder {
-  public:
+public:
     explicit SupportBuilder(TrackDocument& doc) : doc_(doc), vertices_(doc.bezier.vertices) {}
 
     void SupportStretch(std::size_t stretch) {
@@ -59,7 +59,7 @@ class SupportBuilder {
         if (!connectors.empty()) doc_.railConnectors.groups.push_back(std::move(connectors));
     }
 
-  private:
+private:
     // Adds the footers, nodes and tubes holding the rail at t along the stretch; false (and
     // nothing added) where a footer would stand in the lake.
     bool AddSupport(std::size_t stretch, double t, NodeRef rail) {
