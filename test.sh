@@ -10,6 +10,8 @@ lw_prepare_comma_locale
 lw_check_format
 
 lw_build build -DCMAKE_BUILD_TYPE=RelWithDebInfo -DLW_WERROR=ON
+# The bugprone and performance checks of .clang-tidy over every source file.
+scripts/tidy.sh build
 # Widget and GL tests need a display: the whole run goes under a virtual X server.
 xvfb-run -a -s "-screen 0 1280x1024x24" ctest --test-dir build --output-on-failure --parallel "$(nproc)"
 

@@ -24,12 +24,12 @@ int ToByte(float value) {
 QImage ToImage(const Canvas& canvas) {
     QImage image(canvas.Size(), canvas.Size(), QImage::Format_RGB888);
     for (int y = 0; y < canvas.Size(); ++y) {
-        uchar* line = image.scanLine(y);
-        for (int x = 0; x < canvas.Size(); ++x) {
+        uchar* pixel = image.scanLine(y);
+        for (int x = 0; x < canvas.Size(); ++x, pixel += 3) {
             const Rgb& c = canvas.At(x, y);
-            line[3 * x] = static_cast<uchar>(ToByte(c.r));
-            line[3 * x + 1] = static_cast<uchar>(ToByte(c.g));
-            line[3 * x + 2] = static_cast<uchar>(ToByte(c.b));
+            pixel[0] = static_cast<uchar>(ToByte(c.r));
+            pixel[1] = static_cast<uchar>(ToByte(c.g));
+            pixel[2] = static_cast<uchar>(ToByte(c.b));
         }
     }
     return image;

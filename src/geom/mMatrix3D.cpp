@@ -9,10 +9,10 @@ void Rotation(Matrix4& out, int i, int j, float angle) {
     const double c = std::cos(static_cast<double>(angle));
     const double s = std::sin(static_cast<double>(angle));
     MatrixIdentity(out);
-    out.m[static_cast<std::size_t>(4 * i + i)] = static_cast<float>(c);
-    out.m[static_cast<std::size_t>(4 * i + j)] = static_cast<float>(-s);
-    out.m[static_cast<std::size_t>(4 * j + i)] = static_cast<float>(s);
-    out.m[static_cast<std::size_t>(4 * j + j)] = static_cast<float>(c);
+    out.m[Matrix4::Index(i, i)] = static_cast<float>(c);
+    out.m[Matrix4::Index(i, j)] = static_cast<float>(-s);
+    out.m[Matrix4::Index(j, i)] = static_cast<float>(s);
+    out.m[Matrix4::Index(j, j)] = static_cast<float>(c);
 }
 
 } // namespace
@@ -51,7 +51,7 @@ void MatrixMultiply(Matrix4& out, const Matrix4& a, const Matrix4& b) {
             double sum = 0.0;
             for (int k = 0; k < 4; ++k)
                 sum += double(a.At(r, k)) * b.At(k, c);
-            product.m[static_cast<std::size_t>(4 * r + c)] = static_cast<float>(sum);
+            product.m[Matrix4::Index(r, c)] = static_cast<float>(sum);
         }
     out = product;
 }
@@ -60,7 +60,7 @@ void MatrixTranspose(Matrix4& out, const Matrix4& m) {
     Matrix4 transposed;
     for (int r = 0; r < 4; ++r)
         for (int c = 0; c < 4; ++c)
-            transposed.m[static_cast<std::size_t>(4 * r + c)] = m.At(c, r);
+            transposed.m[Matrix4::Index(r, c)] = m.At(c, r);
     out = transposed;
 }
 

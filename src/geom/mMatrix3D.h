@@ -17,7 +17,11 @@
 struct Matrix4 {
     std::array<float, 16> m{};
 
-    float At(int row, int column) const { return m[static_cast<std::size_t>(4 * row + column)]; }
+    // The element's place in m: rows of four.
+    static std::size_t Index(int row, int column) {
+        return 4 * static_cast<std::size_t>(row) + static_cast<std::size_t>(column);
+    }
+    float At(int row, int column) const { return m[Index(row, column)]; }
 };
 
 void MatrixIdentity(Matrix4& out);

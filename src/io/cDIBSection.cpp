@@ -102,9 +102,9 @@ void FilterRow(const std::uint8_t* in, const AxisFilter& filter, std::vector<flo
     const int size = static_cast<int>(filter.first.size()) - 1;
     for (int x = 0; x < size; ++x) {
         for (int t = filter.first[x]; t < filter.first[x + 1]; ++t) {
-            const std::uint8_t* p = in + 3 * filter.source[t];
+            const std::uint8_t* p = in + 3 * static_cast<std::ptrdiff_t>(filter.source[t]);
             for (int c = 0; c < 3; ++c)
-                out[3 * x + c] += filter.weight[t] * p[c];
+                out[3 * x + c] += filter.weight[t] * static_cast<float>(p[c]);
         }
     }
 }

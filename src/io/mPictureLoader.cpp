@@ -64,11 +64,12 @@ bool DecodeRuns(std::span<const std::uint8_t> in, std::size_t pixelBytes, std::s
         const std::size_t literal = repeated ? pixelBytes : count * pixelBytes;
         if (in.size() - at < literal) return false;
         const std::size_t room = expected - out.size();
+        const std::uint8_t* packetBytes = in.data() + at;
         if (repeated) {
             for (std::size_t i = 0; i < count && out.size() < expected; ++i)
-                out.insert(out.end(), in.begin() + at, in.begin() + at + pixelBytes);
+                out.insert(out.end(), packetBytes, packetBytes + pixelBytes);
         } else {
-            out.insert(out.end(), in.begin() + at, in.begin() + at + std::min(literal, room));
+            out.insert(out.end(), packetBytes, packetBytes + std::min(literal, room));
         }
         at += literal;
     }

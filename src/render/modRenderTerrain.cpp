@@ -149,7 +149,9 @@ void SendGroundImmediate(const RenderMesh& mesh, const CellRange& cells, const G
 
 // The triangles of cell slots first..end - 1 (six indices per slot).
 void DrawSlots(const std::uint16_t* indices, int first, int end) {
-    if (end > first) glDrawElements(GL_TRIANGLES, 6 * (end - first), GL_UNSIGNED_SHORT, indices + 6 * first);
+    if (end > first)
+        glDrawElements(GL_TRIANGLES, 6 * (end - first), GL_UNSIGNED_SHORT,
+                       indices + 6 * static_cast<std::ptrdiff_t>(first));
 }
 
 // Only what the cell-by-cell path would send: normals when lit, texture coordinates when textured.

@@ -124,8 +124,9 @@ private:
     // or its second copy.
     std::size_t NormalSlot(int column, int row, int which) const {
         const int i = (column - 1) % kMeshBlockCells, j = row % kMeshBlockCells;
-        const auto block =
-            static_cast<std::size_t>(row / kMeshBlockCells * blocksAcross_ + (column - 1) / kMeshBlockCells);
+        const std::size_t block =
+            static_cast<std::size_t>(row / kMeshBlockCells) * static_cast<std::size_t>(blocksAcross_) +
+            static_cast<std::size_t>((column - 1) / kMeshBlockCells);
         const int local =
             which == 0 ? (j + 1) * kBlockRowPoints + i + 1 : kBlockPoints + j * kMeshBlockCells + i;
         return block * kBlockGroundVertices + static_cast<std::size_t>(local);

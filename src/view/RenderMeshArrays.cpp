@@ -32,9 +32,9 @@ void AppendSpan(std::vector<CellSpan>& spans, int first, int end, bool highlight
 
 const std::uint16_t* RenderMesh::GroundIndices() {
     static const auto indices = [] {
-        std::array<std::uint16_t, 6 * kBlockCellSlots> list{};
+        std::array<std::uint16_t, 6 * std::size_t{kBlockCellSlots}> list{};
         for (int slot = 0; slot < kBlockCellSlots; ++slot)
-            CellCorners(&list[static_cast<std::size_t>(6 * slot)], slot % kMeshBlockCells,
+            CellCorners(&list[6 * static_cast<std::size_t>(slot)], slot % kMeshBlockCells,
                         slot / kMeshBlockCells, static_cast<std::uint16_t>(kBlockPoints + slot));
         return list;
     }();
@@ -122,7 +122,7 @@ void RenderMesh::WriteWetCells(std::size_t block) {
         const bool dry = Vertex(column - 1, row).y >= 0.0f && Vertex(column, row).y >= 0.0f &&
                          Vertex(column - 1, row + 1).y >= 0.0f && Vertex(column, row + 1).y >= 0.0f;
         if (dry) continue;
-        CellCorners(out + 6 * wet, i, j, LocalPoint(i + 1, j + 1));
+        CellCorners(out + 6 * static_cast<std::ptrdiff_t>(wet), i, j, LocalPoint(i + 1, j + 1));
         ++wet;
     }
     before[kBlockCellSlots] = wet;

@@ -141,8 +141,8 @@ void MouseFlyStep(CameraState& camera, bool forward, const HeldKeys& modifiers, 
 
 void CursorDragStep(CursorState& cursor, const CameraState& camera, int dx, int dy, float spacingX) {
     const double yaw = camera.yaw * kDegreesToRadians;
-    const double right = dx * kCursorUnitsPerPixel;
-    const double ahead = -dy * kCursorUnitsPerPixel;
+    const double right = static_cast<float>(dx) * kCursorUnitsPerPixel;
+    const double ahead = static_cast<float>(-dy) * kCursorUnitsPerPixel;
     const float high = kSceneHalf - spacingX;
     cursor.x = std::clamp(static_cast<float>(cursor.x + right * std::cos(yaw) - ahead * std::sin(yaw)),
                           -kSceneHalf, high);

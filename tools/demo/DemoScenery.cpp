@@ -60,6 +60,7 @@ bool ClearOf(const Vec3& spot, const std::vector<Vec3>& points, double halfWidth
 
 std::vector<Vec3> ObjectPositions(const std::vector<SceneryObject>& objects) {
     std::vector<Vec3> positions;
+    positions.reserve(objects.size());
     for (const SceneryObject& object : objects)
         positions.push_back({object.values[0], 0.0, object.values[2]});
     return positions;

@@ -18,7 +18,7 @@ void DrawBlades(Canvas& canvas, double scale, std::uint64_t seed) {
     const FbmParams dry{3, 3, 3, 0.5, 32};
     const int count = size * size / 4;
     for (int i = 0; i < count; ++i) {
-        const float layer = static_cast<float>(i) / count;
+        const float layer = static_cast<float>(i) / static_cast<float>(count);
         const double x = random.Range(0, size);
         const double y = random.Range(0, size);
         const double u = x / size;

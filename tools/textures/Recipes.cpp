@@ -5,7 +5,7 @@
 #include <cmath>
 
 Rgb Bytes(int r, int g, int b) {
-    return {r / 255.0f, g / 255.0f, b / 255.0f};
+    return {static_cast<float>(r) / 255.0f, static_cast<float>(g) / 255.0f, static_cast<float>(b) / 255.0f};
 }
 
 float Grain(int x, int y, int size, std::uint32_t seed) {
