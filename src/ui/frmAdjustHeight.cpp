@@ -14,6 +14,7 @@
 frmAdjustHeight::frmAdjustHeight(Editor& editor, QWidget* parent) : QDialog(parent), editor_(editor) {
     setObjectName("frmAdjustHeight");
     setWindowTitle("Adjust Height");
+    // "ammount" is the product's own wording, kept on purpose.
     const char* captions[3] = {"Raise by this ammount", "Lower by this ammount",
                                "Set to exactly this ammount"};
     auto* modes = new QGroupBox(this);

@@ -61,6 +61,7 @@ void cAskDialog::closeEvent(QCloseEvent* event) {
     if (!answered_) event->ignore();
 }
 
+// "loosing" is the product's own wording, kept on purpose.
 frmAskLoadTrackTerrain::frmAskLoadTrackTerrain(QWidget* parent)
     : cAskDialog(
           parent, "Track Contains Terrain Data...",

@@ -146,6 +146,7 @@ QFrame* frmOptions::NewTab(const QString& caption) {
 QFrame* frmOptions::BuildQuestionsTab() {
     QFrame* tab = NewTab("Questions");
     auto* layout = new QVBoxLayout(tab);
+    // "Overwritting" is the product's own wording, kept on purpose.
     layout->addWidget(BuildQuestion(
         "When Loading a Track With Terrain and Terrain is Already in the Editor", "optAskLoadTrackTerrain",
         optAskLoadTrackTerrain, "Always Load The Terrain With The Track Overwritting Terrain In The Editor",
