@@ -86,7 +86,7 @@ const TextRow kTextRows[] = {
     {"ExitWithUnsavedTerrain",
      [](Session& s) {
          s.OpenTrackWithTerrain();
-         s.editor.AdjustHeights(1.0f, 0);
+         s.editor.AdjustHeights(1.0f, AdjustMode::Raise);
          s.editor.ConfirmClose();
      },
      {"There are unsaved changes to the terrain.\nAre you sure you wish to exit?", "Are you sure?",
