@@ -78,7 +78,7 @@ const TextRow kTextRows[] = {
          values.groundTexture = "C:\\textures\\ground.jpg";
          values.detailTexture = "/textures/detail.jpg";
          values.waterTexture = "D:\\water.jpg";
-         s.editor.ApplyTerrainSettings(values);
+         s.editor.ApplyTerrainSettings(values, TerrainSettingsPurpose::Edit);
      },
      {"The Ground Texture is Invalid!\nThe Detail Texture is Invalid!\nThe Water Texture is Invalid!\n\n"
       "Textures must be in the TeraTextures folder or a sub-folder of it.",
@@ -113,7 +113,7 @@ const TextRow kTextRows[] = {
     {"ConfirmAnotherStructure",
      [](Session& s) {
          s.OpenTrackWithTerrain();
-         s.editor.ApplyTerrainSettings(NormalGrassSettings());
+         s.editor.ApplyTerrainSettings(NormalGrassSettings(), TerrainSettingsPurpose::Edit);
      },
      {"Terrain structure specified is different than terrain in editor.\n"
       "Clear the current terrain in the editor?",

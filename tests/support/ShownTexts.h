@@ -18,7 +18,7 @@
 struct TextSession {
     ScratchFolder folder;
     ScriptedShell shell;
-    Editor editor{shell, folder.Path().string()};
+    Editor editor{shell, shell, folder.Path().string()};
 
     TextSession() { editor.InitPaths(); }
 
