@@ -93,34 +93,6 @@ TEST(WidgetShellText, PathsCrossAsTheSystemsBytesAndFileTextAsLatin1) {
 }
 
 // A file dialog answered by a person: the chosen path comes back as the system's bytes.
-TEST(WidgetShellDialogs, AFileChosenUnderFoldersWithLettersBeyondAsciiComesBackAsItsBytes) {
-    ScratchFolder scratch;
-    const fs::path folder = scratch.Path() / kLatinFolder / kCyrillicFolder;
-    fs::create_directories(folder);
-    const std::string chosen = (folder / "Stra\xC3\x9F"
-                                         "e.cvtrack")
-                                   .string();
-    WriteText(chosen, "x");
-    WidgetShell shell(nullptr);
-    QSize opened;
-    QTimer poll; // until the dialog is up
-    QObject::connect(&poll, &QTimer::timeout, [&] {
-        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (dialog == nullptr || !dialog->isVisible()) return;
-        poll.stop();
-        opened = dialog->size();
-        dialog->selectFile(FromPath(chosen));
-        QMetaObject::invokeMethod(dialog, "accept");
-    });
-    poll.start(50);
-    FileDialogOptions options;
-    options.folder = folder.string();
-    options.filter = "Corvanta Track Files (*.cvtrack)|*.cvtrack";
-    options.mustExist = true;
-    EXPECT_EQ(shell.ShowOpenDialog(options), chosen);
-    EXPECT_EQ(opened, FileDialogSize(QGuiApplication::primaryScreen()->availableSize()));
-}
-
 // With nobody to answer, every box is pictured over the window and answered by its default.
 TEST(WidgetShellDialogs, InScreenshotModeEachBoxIsPicturedAndAnsweredByItsDefault) {
     ScratchFolder scratch;
