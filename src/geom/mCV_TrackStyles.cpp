@@ -130,14 +130,8 @@ constexpr RailLayout kStyle12{.p1 = At(0.0f, -1.7f),
                               .p6 = At(-1.3f, -1.5f),
                               .p7 = At(1.3f, -1.5f)};
 
-// Any other style: the rails with a centre beam below; the renderer draws no cross-piece for it.
-constexpr RailLayout kPlainStyle{.p1 = At(0.0f, -1.6f),
-                                 .p2 = At(-0.6f, -1.2f),
-                                 .p3 = At(0.6f, -1.2f),
-                                 .p4 = At(-0.6f, -1.6f),
-                                 .p5 = At(0.6f, -1.6f),
-                                 .p6 = At(-0.6f, -1.2f),
-                                 .p7 = At(0.6f, -1.2f)};
+// Any other style: the rails and points of style 3; the renderer draws no cross-piece for it.
+constexpr RailLayout kPlainStyle = kStyle3;
 
 constexpr std::array<RailLayout, kStyleCount> kStyles{kStyle0,  kStyle1,  kStyle2, kStyle3, kStyle4,
                                                       kStyle5,  kStyle6,  kStyle7, kStyle8, kStyle9,
