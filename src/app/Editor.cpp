@@ -90,3 +90,10 @@ void Editor::SetViewSwitch(ViewSwitch which, bool on) {
     settings_.*SwitchField(which) = on;
     notify_.RenderScene();
 }
+
+int Editor::RememberedOrAsked(AskKind kind, int& setting) {
+    if (setting != 0) return setting;
+    const AskResult result = Dialogs().AskDialog(kind);
+    if (result.dontAskAgain) setting = result.button + 1;
+    return result.button + 1;
+}

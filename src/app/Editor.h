@@ -7,7 +7,8 @@
 //
 // The commands are defined by group: Editor.cpp (start-up, preferences, view switches),
 // EditorFiles.cpp (open, save, recent files, exit, ride, help), EditorTerrain.cpp (new, delete,
-// remove the track data, terrain settings, ReplaceTerrain), EditorEditing.cpp (undo, sculpt, area
+// remove the track data, terrain settings, ReplaceTerrain), EditorImportExport.cpp (terrain files
+// and the import question), EditorEditing.cpp (undo, sculpt, area
 // and whole-terrain operations, clipboard, filter) and EditorView.cpp (camera and cursor).
 
 #include "AppSettings.h"
@@ -163,6 +164,17 @@ public:
     // whether the terrain was replaced.
     bool ReplaceTerrain(const TerrainFill& fill, const TerrainReplacement& how);
 
+    // Import and export (EditorImportExport.cpp for terrain files; the picture, Terragen and 3D
+    // formats in files of their own). Every import asks ConfirmImportOverwrite first and arrives
+    // through ReplaceTerrain; every export needs a terrain.
+    // The question before an import replaces the terrain: never asked without one; otherwise as
+    // AskImportOverwrite says (0 ask, 1 always import, 2 never). True when the import may go on.
+    bool ConfirmImportOverwrite();
+    bool CanExportTerrain() const { return Terrain().terrainPresent && !Terrain().heights.Empty(); }
+    void ImportTerrainFile();
+    void ExportTerrainFile();
+    void ImportTerrainFromTrack();
+
     // Camera and cursor (EditorView.cpp). Each redraws.
     // The ground under the camera, or nothing without terrain.
     std::optional<SceneGround> Ground() const;
@@ -228,6 +240,13 @@ public:
     SculptMode CurrentSculptMode() const;
 
 private:
+    // The remembered answer of an ask dialog (1 or 2), asking when there is none (0); a ticked
+    // "Don't Ask Me Again." stores the answer in setting.
+    int RememberedOrAsked(AskKind kind, int& setting);
+    // How every importer hands over its terrain, once the overwrite question was answered and the
+    // file read: through ReplaceTerrain with the texture defaults, the camera back to its start,
+    // and the new terrain counted as an unsaved change.
+    bool TakeImportedTerrain(TerrainData imported);
     enum class TerrainOnOpen { TakeTracks, Keep, Remove };
     TerrainOnOpen DecideTerrainOnOpen(const TrackDocument& opened);
     void KeepSculptSettingsInRange();

@@ -12,14 +12,6 @@ namespace {
 
 constexpr const char* kWarningTitle = "Warning";
 
-// The remembered answer of an ask dialog (1 or 2), asking when there is none (0).
-int RememberedOrAsked(Shell& dialogs, AskKind kind, int& setting) {
-    if (setting != 0) return setting;
-    const AskResult result = dialogs.AskDialog(kind);
-    if (result.dontAskAgain) setting = result.button + 1;
-    return result.button + 1;
-}
-
 } // namespace
 
 void Editor::OpenTrack(const std::string& requested) {
@@ -99,12 +91,11 @@ Editor::TerrainOnOpen Editor::DecideTerrainOnOpen(const TrackDocument& opened) {
     const bool trackHasTerrain = opened.terrain.terrainInTrack;
     if (!Terrain().terrainPresent) return trackHasTerrain ? TerrainOnOpen::TakeTracks : TerrainOnOpen::Keep;
     if (trackHasTerrain)
-        return RememberedOrAsked(Dialogs(), AskKind::LoadTrackTerrain, settings_.askLoadTrackTerrain) == 1
+        return RememberedOrAsked(AskKind::LoadTrackTerrain, settings_.askLoadTrackTerrain) == 1
                    ? TerrainOnOpen::TakeTracks
                    : TerrainOnOpen::Keep;
-    return RememberedOrAsked(Dialogs(), AskKind::LoadNoTerrain, settings_.askLoadNoTerrain) == 1
-               ? TerrainOnOpen::Remove
-               : TerrainOnOpen::Keep;
+    return RememberedOrAsked(AskKind::LoadNoTerrain, settings_.askLoadNoTerrain) == 1 ? TerrainOnOpen::Remove
+                                                                                      : TerrainOnOpen::Keep;
 }
 
 bool Editor::SaveTrack(const std::string& path) {

@@ -24,7 +24,7 @@ struct FileDialogOptions {
 };
 
 // The questions that offer "Don't Ask Me Again.".
-enum class AskKind { LoadTrackTerrain, LoadNoTerrain };
+enum class AskKind { LoadTrackTerrain, LoadNoTerrain, ImportOverwrite };
 
 // A colour as the colour dialog works with it: red, green, blue, each 0 to 255.
 struct ByteColour {

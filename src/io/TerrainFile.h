@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-enum class TerrainReadStatus { Ok, Unreadable, NotATerrain, Corrupt };
+enum class TerrainReadStatus { Ok, Unreadable, NotATerrain, Corrupt, NotATrack, NoTerrain };
 
 struct TerrainReadResult {
     TerrainReadStatus status = TerrainReadStatus::Ok;
@@ -20,6 +20,13 @@ struct TerrainReadResult {
 // Parses a terrain file image into record; record is untouched unless the whole chunk was read.
 TerrainReadResult ParseTerrainFile(std::span<const std::uint8_t> bytes, TerrainRecord& record);
 TerrainReadResult ReadTerrainFile(const std::string& path, TerrainRecord& record);
+
+// Takes the terrain out of a track file image without walking its chunks: the image must begin
+// with "CRVT"; the first place from byte 4 on where the four bytes "TERA" stand is taken as the
+// terrain chunk, even when those bytes lie inside an earlier chunk's data. A plain byte scan on
+// purpose: it is how terrains have always been taken from tracks, so every track gives the terrain
+// it always gave. record is untouched unless a whole chunk was read there.
+TerrainReadResult ScanTrackForTerrain(std::span<const std::uint8_t> bytes, TerrainRecord& record);
 
 std::vector<std::uint8_t> SerializeTerrainFile(const TerrainRecord& record);
 // Writes atomically; returns false with a reason in error.

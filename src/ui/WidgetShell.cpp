@@ -179,6 +179,10 @@ AskResult WidgetShell::AskDialog(AskKind kind) {
         frmAskLoadTrackTerrain dialog(owner_);
         return ask(dialog);
     }
+    case AskKind::ImportOverwrite: {
+        frmAskImportOverwrite dialog(owner_);
+        return ask(dialog);
+    }
     case AskKind::LoadNoTerrain:
         break;
     }

@@ -79,3 +79,13 @@ frmAskLoadNoTerrain::frmAskLoadNoTerrain(QWidget* parent)
           "Remove Terrain", "Keep Terrain") {
     setObjectName("frmAskLoadNoTerrain");
 }
+
+// "sue" is the product's own wording, kept on purpose.
+frmAskImportOverwrite::frmAskImportOverwrite(QWidget* parent)
+    : cAskDialog(
+          parent, "Overwrite Current Terrain...",
+          "Importing terrain will overwrite the terrain currently in the editor.  Are you sue you wish to "
+          "continue?",
+          "Yes", "No") {
+    setObjectName("frmAskImportOverwrite");
+}

@@ -1,6 +1,7 @@
 #pragma once
-// The two questions asked when a track is opened while terrain is in the editor. Each is modal,
-// can be closed only by one of its two buttons, and offers "Don't Ask Me Again.".
+// The questions asked before a terrain in the editor would be replaced: by opening a track (two
+// kinds) or by an import. Each is modal, can be closed only by one of its two buttons, and offers
+// "Don't Ask Me Again.".
 
 #include "Shell.h"
 
@@ -43,4 +44,10 @@ class frmAskLoadNoTerrain : public cAskDialog {
     Q_OBJECT
 public:
     explicit frmAskLoadNoTerrain(QWidget* parent);
+};
+
+class frmAskImportOverwrite : public cAskDialog {
+    Q_OBJECT
+public:
+    explicit frmAskImportOverwrite(QWidget* parent);
 };

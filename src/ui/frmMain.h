@@ -61,6 +61,8 @@ public:
     QAction* mnuSave = nullptr;
     QAction* mnuSaveAs = nullptr;
     QAction* mnuRideTrack = nullptr;
+    QMenu* mnuImport = nullptr;
+    QMenu* mnuExport = nullptr;
     QAction* mnuOptions = nullptr;
     QAction* mnuExit = nullptr;
     // Terrain
@@ -183,6 +185,9 @@ private slots:
 private:
     void BuildMenus();
     void BuildFileMenu();
+    // File > Import and File > Export; each entry calls its command of the session.
+    void BuildImportExportMenus(QMenu* fileMenu);
+    void UpdateImportExportUI();
     void BuildTerrainMenu();
     void BuildViewMenu();
     void BuildHelpMenu();

@@ -56,6 +56,8 @@ void frmMain::BuildFileMenu() {
     mnuSaveAs = AddEntry(menu, "mnuSaveAs", "Save &As...", Qt::Key_F12);
     connect(mnuSaveAs, &QAction::triggered, this, &frmMain::mnuSaveAs_Click);
     menu->addSeparator();
+    BuildImportExportMenus(menu);
+    menu->addSeparator();
     mnuRideTrack = AddEntry(menu, "mnuRideTrack", "&Ride Track in Simulator", Qt::Key_F5);
     connect(mnuRideTrack, &QAction::triggered, this, &frmMain::mnuRideTrack_Click);
     menu->addSeparator();
@@ -155,6 +157,7 @@ void frmMain::UpdateUI() {
         anyRecent = anyRecent || !path.empty();
     }
     mnuClearRecent->setEnabled(anyRecent);
+    UpdateImportExportUI();
     SyncViewSwitches();
     UpdateEditingUI();
     UpdatePositionLabels();

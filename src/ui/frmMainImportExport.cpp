@@ -1,0 +1,33 @@
+// File > Import and File > Export: every way a terrain comes into the editor or leaves it. Imports
+// are always offered (each asks before it replaces a terrain); exports need a terrain.
+#include "frmMain.h"
+
+#include <QMenu>
+
+namespace {
+
+QAction* AddCommand(QMenu* menu, const char* name, const QString& text) {
+    QAction* action = menu->addAction(text);
+    action->setObjectName(name);
+    return action;
+}
+
+} // namespace
+
+void frmMain::BuildImportExportMenus(QMenu* fileMenu) {
+    mnuImport = fileMenu->addMenu("&Import");
+    mnuImport->setObjectName("mnuImport");
+    connect(AddCommand(mnuImport, "mnuImportTerrainFile", "&Terrain File..."), &QAction::triggered, this,
+            [this] { editor_.ImportTerrainFile(); });
+    connect(AddCommand(mnuImport, "mnuImportTerrainFromTrack", "Terrain from T&rack..."), &QAction::triggered,
+            this, [this] { editor_.ImportTerrainFromTrack(); });
+
+    mnuExport = fileMenu->addMenu("&Export");
+    mnuExport->setObjectName("mnuExport");
+    connect(AddCommand(mnuExport, "mnuExportTerrainFile", "&Terrain File..."), &QAction::triggered, this,
+            [this] { editor_.ExportTerrainFile(); });
+}
+
+void frmMain::UpdateImportExportUI() {
+    mnuExport->setEnabled(editor_.CanExportTerrain());
+}
