@@ -51,8 +51,8 @@ void PushOntoFullUndoStack(benchmark::State& state) {
         history.PushUndo(terrain.heights);
         benchmark::ClobberMemory();
     }
-    state.SetBytesProcessed(
-        static_cast<std::int64_t>(state.iterations() * terrain.heights.Size() * sizeof(float)));
+    state.SetBytesProcessed(static_cast<std::int64_t>(static_cast<std::size_t>(state.iterations()) *
+                                                      terrain.heights.Size() * sizeof(float)));
 }
 
 void FilterWholeTerrain(benchmark::State& state) {
@@ -62,7 +62,8 @@ void FilterWholeTerrain(benchmark::State& state) {
         FilterTerrain(terrain, soften, false, 0.0f, 0.0f, 0);
         benchmark::ClobberMemory();
     }
-    state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * terrain.heights.Size()));
+    state.SetItemsProcessed(
+        static_cast<std::int64_t>(static_cast<std::size_t>(state.iterations()) * terrain.heights.Size()));
 }
 
 } // namespace

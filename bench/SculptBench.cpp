@@ -39,7 +39,7 @@ void SculptOnly(benchmark::State& state) {
     const CursorState& cursor = scene.editor.Cursor();
     for (auto _ : state) {
         const GridRect changed = ApplySculpt(terrain, cursor.x, cursor.z, SculptTool::Square,
-                                             SculptMode::Absolute, 5, NextMove() * 0.1f);
+                                             SculptMode::Absolute, 5, static_cast<float>(NextMove()) * 0.1f);
         benchmark::DoNotOptimize(changed);
     }
 }

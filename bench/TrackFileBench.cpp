@@ -29,7 +29,7 @@ void SerializeInMemory(benchmark::State& state) {
         bytes = image.size();
         benchmark::DoNotOptimize(image.data());
     }
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * bytes));
+    state.SetBytesProcessed(static_cast<std::int64_t>(static_cast<std::size_t>(state.iterations()) * bytes));
 }
 
 void ParseInMemory(benchmark::State& state) {
@@ -39,7 +39,8 @@ void ParseInMemory(benchmark::State& state) {
         if (!ParseTrack(image, doc)) state.SkipWithError("the demo track did not parse");
         benchmark::DoNotOptimize(doc.terrain.terrain.heights.Data());
     }
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * image.size()));
+    state.SetBytesProcessed(
+        static_cast<std::int64_t>(static_cast<std::size_t>(state.iterations()) * image.size()));
 }
 
 std::string BenchPath() {
@@ -51,7 +52,8 @@ void WriteFile(benchmark::State& state) {
     const std::string path = BenchPath();
     for (auto _ : state)
         if (!WriteTrackFile(path, doc)) state.SkipWithError("write failed");
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * std::filesystem::file_size(path)));
+    state.SetBytesProcessed(static_cast<std::int64_t>(static_cast<std::size_t>(state.iterations()) *
+                                                      std::filesystem::file_size(path)));
 }
 
 void ReadFile(benchmark::State& state) {
@@ -62,7 +64,8 @@ void ReadFile(benchmark::State& state) {
         if (!ReadTrackFile(path, doc)) state.SkipWithError("read failed");
         benchmark::DoNotOptimize(doc.terrain.terrain.heights.Data());
     }
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * std::filesystem::file_size(path)));
+    state.SetBytesProcessed(static_cast<std::int64_t>(static_cast<std::size_t>(state.iterations()) *
+                                                      std::filesystem::file_size(path)));
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 # One interface target carries the warning and sanitizer flags for every target of the project.
 add_library(lw_warnings INTERFACE)
-target_compile_options(lw_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow)
+target_compile_options(lw_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion)
 if(LW_WERROR)
   target_compile_options(lw_warnings INTERFACE -Werror)
 endif()

@@ -150,7 +150,7 @@ std::vector<std::uint8_t> SerializeTrack(const TrackDocument& doc) {
     w.Reserve(static_cast<std::size_t>(l.file) + 8);
     w.WriteChunkId("CRVT");
     w.WriteLong(len(l.file));
-    for (std::uint8_t b : {1, 3, 0, 0})
+    for (std::uint8_t b : {std::uint8_t{1}, std::uint8_t{3}, std::uint8_t{0}, std::uint8_t{0}})
         w.WriteByte(b);
     w.WriteZeros(16);
     w.WriteLong(doc.terrain.terrainInTrack ? 4 : 3);

@@ -26,7 +26,8 @@ std::vector<std::uint8_t> cDIBSection::PackedBgr() const {
     const std::size_t rowBytes = static_cast<std::size_t>(width_) * 3;
     std::vector<std::uint8_t> packed(rowBytes * static_cast<std::size_t>(height_));
     for (int row = 0; row < height_; ++row)
-        std::copy_n(Row(row), rowBytes, packed.begin() + static_cast<std::ptrdiff_t>(rowBytes * row));
+        std::copy_n(Row(row), rowBytes,
+                    packed.begin() + static_cast<std::ptrdiff_t>(rowBytes * static_cast<std::size_t>(row)));
     return packed;
 }
 
@@ -99,11 +100,13 @@ AxisFilter MakeFilter(int oldSize, int newSize) {
 
 void FilterRow(const std::uint8_t* in, const AxisFilter& filter, std::vector<float>& out) {
     std::fill(out.begin(), out.end(), 0.0f);
-    const int size = static_cast<int>(filter.first.size()) - 1;
-    for (int x = 0; x < size; ++x) {
-        for (int t = filter.first[x]; t < filter.first[x + 1]; ++t) {
+    const std::size_t size = filter.first.size() - 1;
+    for (std::size_t x = 0; x < size; ++x) {
+        const auto begin = static_cast<std::size_t>(filter.first[x]);
+        const auto end = static_cast<std::size_t>(filter.first[x + 1]);
+        for (std::size_t t = begin; t < end; ++t) {
             const std::uint8_t* p = in + 3 * static_cast<std::ptrdiff_t>(filter.source[t]);
-            for (int c = 0; c < 3; ++c)
+            for (std::size_t c = 0; c < 3; ++c)
                 out[3 * x + c] += filter.weight[t] * static_cast<float>(p[c]);
         }
     }
@@ -128,7 +131,9 @@ cDIBSection cDIBSection::Resample(int newHeight, int newWidth) const {
     std::vector<float> filtered(rowValues);
     for (int row = 0; row < newHeight; ++row) {
         std::fill(sum.begin(), sum.end(), 0.0f);
-        for (int t = up.first[row]; t < up.first[row + 1]; ++t) {
+        const auto at = static_cast<std::size_t>(row);
+        for (auto t = static_cast<std::size_t>(up.first[at]); t < static_cast<std::size_t>(up.first[at + 1]);
+             ++t) {
             FilterRow(Row(up.source[t]), across, filtered);
             for (std::size_t i = 0; i < rowValues; ++i)
                 sum[i] += up.weight[t] * filtered[i];

@@ -77,7 +77,8 @@ bool DecodeRuns(std::span<const std::uint8_t> in, std::size_t pixelBytes, std::s
 }
 
 void CopyPixels(const std::uint8_t* pixels, const TargaHeader& header, cDIBSection& image) {
-    const std::size_t stride = static_cast<std::size_t>(header.width) * header.bytesPerPixel;
+    const std::size_t stride =
+        static_cast<std::size_t>(header.width) * static_cast<std::size_t>(header.bytesPerPixel);
     for (int row = 0; row < header.height; ++row) {
         const int target = header.topDown ? header.height - 1 - row : row;
         const std::uint8_t* in = pixels + stride * static_cast<std::size_t>(row);

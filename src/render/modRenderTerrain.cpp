@@ -30,7 +30,7 @@ struct Frustum {
         auto rowOf = [&](int r) { return std::array<double, 4>{m[r], m[4 + r], m[8 + r], m[12 + r]}; };
         const auto r0 = rowOf(0), r1 = rowOf(1), r2 = rowOf(2), r3 = rowOf(3);
         Frustum f;
-        for (int i = 0; i < 4; ++i) {
+        for (std::size_t i = 0; i < 4; ++i) {
             f.planes[0][i] = r3[i] + r0[i];
             f.planes[1][i] = r3[i] - r0[i];
             f.planes[2][i] = r3[i] + r1[i];

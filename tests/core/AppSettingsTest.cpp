@@ -24,7 +24,7 @@ AppSettings Changed() {
     s.sculptTool = 2;
     s.sculptSize = 17;
     for (std::size_t i = 0; i < kStoredColourCount; ++i)
-        s.colorTable[i] = {i / 16.0f, 0.12345f, 1 - i / 32.0f};
+        s.colorTable[i] = {static_cast<float>(i) / 16.0f, 0.12345f, 1 - static_cast<float>(i) / 32.0f};
     DeriveShadedColours(s);
     s.recentPaths = {"C:\\Tracks\\My Ride.cvtrack", "/home/me/LOOP.CVTRACK", "", "a.cvtrack", "b"};
     s.recentTitles = {"My Ride", "LOOP", "", "a", "b"};

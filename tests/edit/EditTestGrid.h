@@ -24,10 +24,10 @@ inline TerrainData MakeTerrain(int columns, int rows, float level = 0.0f, bool w
 
 // World position of the cursor over column c / row r.
 inline float CursorX(const TerrainData& terrain, int column) {
-    return column * terrain.spacingX - 512.0f;
+    return static_cast<float>(column) * terrain.spacingX - 512.0f;
 }
 inline float CursorZ(const TerrainData& terrain, int row) {
-    return row * terrain.spacingZ - 512.0f;
+    return static_cast<float>(row) * terrain.spacingZ - 512.0f;
 }
 
 // Every point a different whole number: row * 100 + column.

@@ -109,7 +109,7 @@ TEST(TraceTrack, AStraightStretchIsSampledEvenlyAndEasesItsBankSoPositiveRollLow
                 1e-3)
                 << k;
         }
-        for (const std::size_t k : {0, 10, 20})
+        for (const std::size_t k : {0u, 10u, 20u})
             EXPECT_NEAR(BankDegrees(p[k]), 2.0 * static_cast<double>(k), 1e-3) << k;
         EXPECT_LT(BankDegrees(p[5]), 10.0) << "slow at the vertices, faster in between";
         Vector3 across; // right rail minus left rail

@@ -88,10 +88,12 @@ TEST(TargaReader, HonoursTopDownRowsSkipsTheIdentificationFieldAndStopsRunsAtThe
 
 TEST(TargaReader, RefusesUnsupportedKindsTruncatedAndOversizedFilesLeavingThePictureAlone) {
     const cDIBSection picture = MakePattern(5, 4, 4);
-    for (std::uint8_t bits : {8, 15, 16, 40})
-        ExpectRefused(Targa(2, 5, 4, bits, Bytes(5 * 4 * 5, 0x55)), "bits per pixel " + std::to_string(bits));
-    for (std::uint8_t type : {0, 1, 3, 9, 11, 32})
-        ExpectRefused(Targa(type, 5, 4, 24, PixelsOf(picture, 3)), "type " + std::to_string(type));
+    for (int bits : {8, 15, 16, 40})
+        ExpectRefused(Targa(2, 5, 4, static_cast<std::uint8_t>(bits), Bytes(5 * 4 * 5, 0x55)),
+                      "bits per pixel " + std::to_string(bits));
+    for (int type : {0, 1, 3, 9, 11, 32})
+        ExpectRefused(Targa(static_cast<std::uint8_t>(type), 5, 4, 24, PixelsOf(picture, 3)),
+                      "type " + std::to_string(type));
     const Bytes plain = Targa(2, 5, 4, 24, PixelsOf(picture, 3));
     for (const Bytes& file : {plain, Targa(10, 5, 4, 24, EncodeRuns(PixelsOf(picture, 3), 3))})
         for (std::size_t size = 0; size < file.size(); ++size)

@@ -125,8 +125,9 @@ TEST_F(RenderSceneTest, TrackBrushAndWaterShowInTheirColoursWhereTheyAreAndLight
     track.segments.segments.resize(5);
     for (int i = 0; i < 6; ++i) {
         const float x = -100.0f + 40.0f * static_cast<float>(i);
-        track.bezier.vertices[i].values = {x, 10, 0, x - 13, 10, 0, x + 13, 10, 0, 0};
-        if (i < 5) track.segments.segments[i].type = i;
+        track.bezier.vertices[static_cast<std::size_t>(i)].values = {x, 10,     0,  x - 13, 10,
+                                                                     0, x + 13, 10, 0,      0};
+        if (i < 5) track.segments.segments[static_cast<std::size_t>(i)].type = i;
     }
     editor.OpenTrackDocument(track, "Stretches.cvtrack");
     ASSERT_TRUE(editor.Terrain().trackPresent);
@@ -146,9 +147,12 @@ TEST_F(RenderSceneTest, TrackBrushAndWaterShowInTheirColoursWhereTheyAreAndLight
     Change([](AppSettings& s) { s.colorTable[8] = {0.0f, 0.0f, 1.0f}; });
     frame = Frame();
     double sumX = 0, sumY = 0;
-    std::vector<int> columns(frame.width()), rows(frame.height());
+    std::vector<int> columns(static_cast<std::size_t>(frame.width())),
+        rows(static_cast<std::size_t>(frame.height()));
     const int n = FindNear(frame, Colour(7), 3, [&](int x, int y) { sumX += x, sumY += y; });
-    FindNear(frame, Colour(8), 3, [&](int x, int y) { ++columns[x], ++rows[y]; });
+    FindNear(frame, Colour(8), 3, [&](int x, int y) {
+        ++columns[static_cast<std::size_t>(x)], ++rows[static_cast<std::size_t>(y)];
+    });
     const auto peak = [](const std::vector<int>& v) {
         return static_cast<double>(std::max_element(v.begin(), v.end()) - v.begin());
     };

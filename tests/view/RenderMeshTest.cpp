@@ -100,12 +100,13 @@ TEST(RenderMeshArrays, BlocksCoverEveryDrawnCellOnceBoundTheirPointsAndRefreshLi
     for (const MeshBlock& b : mesh.Blocks())
         for (int row = b.cells.firstRow; row <= b.cells.lastRow; ++row)
             for (int column = b.cells.firstColumn; column <= b.cells.lastColumn; ++column) {
-                ++covered[row * 50 + column];
+                ++covered[static_cast<std::size_t>(row * 50 + column)];
                 for (const Vector3* p : {&mesh.Vertex(column - 1, row), &mesh.Vertex(column, row + 1)})
                     EXPECT_TRUE(p->y >= b.low.y && p->y <= b.high.y && p->x >= b.low.x && p->z <= b.high.z);
             }
     for (int k = 0; k < 50 * 45; ++k)
-        EXPECT_EQ(covered[k], DrawnCells(t, false).Contains(k % 50, k / 50) ? 1 : 0) << k;
+        EXPECT_EQ(covered[static_cast<std::size_t>(k)], DrawnCells(t, false).Contains(k % 50, k / 50) ? 1 : 0)
+            << k;
     // Refreshes across block edges (points 16 and 32 sit on them), in and out of the water.
     for (int row = 12; row <= 20; ++row)
         for (int column = 13; column <= 19; ++column)

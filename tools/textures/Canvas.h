@@ -31,7 +31,8 @@ Rgb Ramp(std::initializer_list<RampStop> stops, float t);
 // A square grid of values addressed with wrapping indices.
 template <typename T> class WrapGrid {
 public:
-    explicit WrapGrid(int size) : size_(size), cells_(static_cast<std::size_t>(size) * size) {}
+    explicit WrapGrid(int size)
+        : size_(size), cells_(static_cast<std::size_t>(size) * static_cast<std::size_t>(size)) {}
     int Size() const { return size_; }
     T& At(int x, int y) { return cells_[Index(x, y)]; }
     const T& At(int x, int y) const { return cells_[Index(x, y)]; }
@@ -40,7 +41,7 @@ private:
     std::size_t Index(int x, int y) const {
         const int wx = ((x % size_) + size_) % size_;
         const int wy = ((y % size_) + size_) % size_;
-        return static_cast<std::size_t>(wy) * size_ + wx;
+        return static_cast<std::size_t>(wy) * static_cast<std::size_t>(size_) + static_cast<std::size_t>(wx);
     }
 
     int size_;

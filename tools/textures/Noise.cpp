@@ -78,7 +78,8 @@ double Fbm(double u, double v, const FbmParams& params) {
     double weight = 1;
     double total = 0;
     for (int k = 0; k < params.octaves; ++k) {
-        sum += weight * GradientNoise(u, v, params.cellsU << k, params.cellsV << k, params.seed + 7919u * k);
+        sum += weight * GradientNoise(u, v, params.cellsU << k, params.cellsV << k,
+                                      params.seed + 7919u * static_cast<unsigned>(k));
         total += weight;
         weight *= params.gain;
     }
@@ -90,8 +91,8 @@ double RidgedFbm(double u, double v, const FbmParams& params) {
     double weight = 1;
     double total = 0;
     for (int k = 0; k < params.octaves; ++k) {
-        const double n =
-            GradientNoise(u, v, params.cellsU << k, params.cellsV << k, params.seed + 104729u * k);
+        const double n = GradientNoise(u, v, params.cellsU << k, params.cellsV << k,
+                                       params.seed + 104729u * static_cast<unsigned>(k));
         const double ridge = 1.0 - std::min(1.0, std::abs(n));
         sum += weight * ridge * ridge;
         total += weight;
