@@ -10,7 +10,10 @@
 #include <QColorDialog>
 #include <QElapsedTimer>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QProgressDialog>
+#include <QTest>
+#include <QTimer>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -92,7 +95,46 @@ TEST(WidgetShellText, PathsCrossAsTheSystemsBytesAndFileTextAsLatin1) {
     EXPECT_EQ(ToFileText(QString::fromUtf8("Gr\xC3\xBCn")), "Gr\xFCn");
 }
 
-// A file dialog answered by a person: the chosen path comes back as the system's bytes.
+// A file dialog answered as a person answers it, by typing the name and pressing Enter: the chosen
+// path comes back as the system's bytes. The dialog's size fits the screen.
+TEST(WidgetShellDialogs, AFileChosenUnderFoldersWithLettersBeyondAsciiComesBackAsItsBytes) {
+    ScratchFolder scratch;
+    const fs::path folder = scratch.Path() / kLatinFolder / kCyrillicFolder;
+    fs::create_directories(folder);
+    const std::string name = "Stra\xC3\x9F"
+                             "e.cvtrack";
+    WriteText((folder / name).string(), "x");
+    WidgetShell shell(nullptr);
+    QSize opened;
+    bool typed = false;
+    QElapsedTimer clock;
+    clock.start();
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr) return;
+        if (clock.elapsed() > 10000) { // never hang the run: give up and let the test fail
+            dialog->reject();
+            return;
+        }
+        auto* edit = dialog->findChild<QLineEdit*>("fileNameEdit");
+        if (typed || edit == nullptr || !edit->isVisible()) return;
+        typed = true;
+        opened = dialog->size();
+        edit->setFocus();
+        edit->setText(FromPath(name));
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
+    poll.start(50);
+    FileDialogOptions options;
+    options.folder = folder.string();
+    options.filter = "Corvanta Track Files (*.cvtrack)|*.cvtrack";
+    options.mustExist = true;
+    EXPECT_EQ(shell.ShowOpenDialog(options), (folder / name).string());
+    EXPECT_TRUE(typed) << "the dialog showed its own widgets, with a file name box";
+    EXPECT_EQ(opened, FileDialogSize(QGuiApplication::primaryScreen()->availableSize()));
+}
+
 // With nobody to answer, every box is pictured over the window and answered by its default.
 TEST(WidgetShellDialogs, InScreenshotModeEachBoxIsPicturedAndAnsweredByItsDefault) {
     ScratchFolder scratch;
