@@ -14,7 +14,9 @@ constexpr std::size_t kSceneryObjectMinBytes = 88;
 bool UsableGrid(const TerrainData& terrain) {
     return terrain.columns >= 1 && terrain.columns <= kMaxGridSide && terrain.rows >= 1 &&
            terrain.rows <= kMaxGridSide && std::isfinite(terrain.spacingX) && terrain.spacingX > 0.0f &&
-           std::isfinite(terrain.spacingZ) && terrain.spacingZ > 0.0f;
+           std::isfinite(terrain.spacingZ) && terrain.spacingZ > 0.0f &&
+           std::isfinite(terrain.groundTiling) && std::isfinite(terrain.detailTiling) &&
+           std::isfinite(terrain.waterTiling);
 }
 
 bool FiniteHeights(const HeightGrid& heights) {

@@ -121,3 +121,21 @@ TEST(TerrainSplice, GivesATrackWithoutTerrainOneBeforeItsEnvironment) {
     EXPECT_FALSE(error.empty());
     EXPECT_EQ(broken, kept);
 }
+
+TEST(TerrainFile, RefusesATilingThatIsNoNumber) {
+    TerrainRecord record = RecordOf(3, 3);
+    for (float TerrainData::*tiling :
+         {&TerrainData::groundTiling, &TerrainData::detailTiling, &TerrainData::waterTiling}) {
+        TerrainRecord marked = record;
+        marked.terrain.*tiling = 12345.0f; // 0x4640E400, found again in the bytes below
+        std::vector<std::uint8_t> bytes = SerializeTerrainFile(marked);
+        const std::uint8_t mark[] = {0x46, 0x40, 0xE4, 0x00};
+        const auto at = std::search(bytes.begin(), bytes.end(), std::begin(mark), std::end(mark));
+        ASSERT_NE(at, bytes.end());
+        TerrainRecord read;
+        ASSERT_TRUE(ParseTerrainFile(bytes, read));
+        const std::uint8_t quietNaN[] = {0x7F, 0xC0, 0x00, 0x00};
+        std::copy(std::begin(quietNaN), std::end(quietNaN), at);
+        EXPECT_EQ(ParseTerrainFile(bytes, read).status, TerrainReadStatus::Corrupt);
+    }
+}
