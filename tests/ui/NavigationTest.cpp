@@ -21,8 +21,7 @@ TEST_F(MainWindowTest, AHeldKeyFliesAtOnceAndUntilItIsReleased) {
     EXPECT_LT(editor.Camera().z, start.z - 5.0f) << "holding W keeps flying forward";
     EXPECT_TRUE(WaitFor([&] { return !window->tmrKeyboard->isActive(); }, 1000))
         << "the timer stops with no key held";
-    EXPECT_EQ(window->lblCameraPos[2]->text(),
-              QString::fromStdString(FormatPositionLabel(editor.Camera().z)));
+    EXPECT_NEAR(window->lblCameraPos[2]->text().toDouble(), editor.Camera().z, 0.005) << "the label follows";
 }
 
 TEST_F(MainWindowTest, SpaceSwitchesTheModeOncePerPressAndReturnBringsTheCursorIntoView) {

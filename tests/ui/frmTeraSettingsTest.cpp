@@ -196,8 +196,6 @@ TEST_F(TerrainSettingsDialogTest, OkAsksBeforeKeepingTexturesThatNameNoFile) {
     shell.answers = {Answer::No, Answer::Yes};
     Click(dialog->btnMain[0]);
     ASSERT_EQ(shell.questions.size(), 1u);
-    EXPECT_EQ(shell.questions[0].title, "Texture Not Found");
-    EXPECT_EQ(shell.questions[0].defaultAnswer, Answer::No);
     for (const char* named : {"Ground Texture was not found: teratextures\\Missing.jpg",
                               "Water Texture was not found: teratextures\\Gone.jpg", "simulator"})
         EXPECT_NE(shell.questions[0].text.find(named), std::string::npos) << shell.questions[0].text;
