@@ -44,18 +44,20 @@ protected:
     }
 };
 
+// The area commands, each run on the area around the cursor.
+const std::pair<const char*, void (Editor::*)()> kAreaCommands[] = {
+    {"flip", &Editor::FlipArea},
+    {"mirror", &Editor::MirrorArea},
+    {"invert", &Editor::InvertArea},
+    {"flatten to ground", &Editor::FlattenToGround},
+    {"flatten to water", &Editor::FlattenToWater},
+    {"flatten", &Editor::FlattenArea},
+};
+
 } // namespace
 
-TEST_F(EditCommandsTest, EveryAreaCommandStoresOneUndoStepAndUndoAndRedoSwapTheGridsMarkingThemChanged) {
-    const std::pair<const char*, void (Editor::*)()> commands[] = {
-        {"flip", &Editor::FlipArea},
-        {"mirror", &Editor::MirrorArea},
-        {"invert", &Editor::InvertArea},
-        {"flatten to ground", &Editor::FlattenToGround},
-        {"flatten to water", &Editor::FlattenToWater},
-        {"flatten", &Editor::FlattenArea},
-    };
-    for (const auto& [name, command] : commands) {
+TEST_F(EditCommandsTest, EveryAreaCommandIsOneUndoStepRedrawnAndMarkedChanged) {
+    for (const auto& [name, command] : kAreaCommands) {
         SCOPED_TRACE(name);
         const HeightGrid before = editor.Terrain().heights;
         const int steps = editor.History().UndoCount(), renders = shell.renders, updates = shell.uiUpdates;
@@ -66,11 +68,20 @@ TEST_F(EditCommandsTest, EveryAreaCommandStoresOneUndoStepAndUndoAndRedoSwapTheG
         EXPECT_TRUE(editor.Terrain().terrainChanged);
         EXPECT_TRUE(shell.renders > renders && shell.uiUpdates > updates);
         ExpectMeshMatchesHeights();
+        editor.Undo(); // the next command starts from the same grid
+    }
+}
+
+TEST_F(EditCommandsTest, UndoAndRedoSwapTheGridsAndMarkTheTerrainChangedFromTheSavedFile) {
+    for (const auto& [name, command] : kAreaCommands) {
+        SCOPED_TRACE(name);
+        const HeightGrid before = editor.Terrain().heights;
+        (editor.*command)();
         const HeightGrid edited = editor.Terrain().heights;
         ASSERT_TRUE(editor.SaveTrack(path));
         editor.Undo();
         EXPECT_EQ(editor.Terrain().heights, before);
-        EXPECT_TRUE(editor.Terrain().terrainChanged) << "the terrain now differs from the saved file";
+        EXPECT_TRUE(editor.Terrain().terrainChanged);
         ExpectMeshMatchesHeights();
         ASSERT_TRUE(editor.SaveTrack(path));
         const int redos = editor.History().RedoCount();
@@ -80,7 +91,6 @@ TEST_F(EditCommandsTest, EveryAreaCommandStoresOneUndoStepAndUndoAndRedoSwapTheG
         EXPECT_EQ(editor.History().RedoCount(), redos - 1);
         ExpectMeshMatchesHeights();
         editor.Undo();
-        EXPECT_EQ(editor.Terrain().heights, before);
     }
 }
 
@@ -118,7 +128,7 @@ TEST_F(EditCommandsTest, AStrokeIsOneUndoStepHoweverLongTheDrag) {
     EXPECT_EQ(editor.Terrain().heights, before);
 }
 
-TEST_F(EditCommandsTest, CopyStoresNoStepAndPasteWritesTheBlockAtTheCursor) {
+TEST_F(EditCommandsTest, PasteWritesTheCopiedBlockAtTheCursorAsTheOnlyStep) {
     EXPECT_FALSE(editor.CanPaste());
     editor.SetSculptSize(2);
     editor.CopyArea();
@@ -136,7 +146,7 @@ TEST_F(EditCommandsTest, CopyStoresNoStepAndPasteWritesTheBlockAtTheCursor) {
     ExpectMeshMatchesHeights();
 }
 
-TEST_F(EditCommandsTest, ResetOnlyAfterAYesAndAdjustAndFilterWorkOnTheWholeGridButNotWithAZeroFactor) {
+TEST_F(EditCommandsTest, ResetAsksAndOnlyAYesLevelsTheGridAtTheGroundLevel) {
     OpenWithTerrain(true);
     const HeightGrid before = editor.Terrain().heights;
     shell.answers = {Answer::No, Answer::Cancel, Answer::Yes};
@@ -149,14 +159,23 @@ TEST_F(EditCommandsTest, ResetOnlyAfterAYesAndAdjustAndFilterWorkOnTheWholeGridB
     EXPECT_EQ(shell.questions.size(), 3u);
     EXPECT_EQ(editor.Terrain().heights, HeightGrid(16, 16, 0.5f)) << "the ground level with water";
     ExpectMeshMatchesHeights();
+}
+
+TEST_F(EditCommandsTest, AdjustAndFilterWorkOnTheWholeGridWithinTheHeightLimits) {
     editor.AdjustHeights(200.0f, AdjustMode::Lower);
     EXPECT_EQ(editor.Terrain().heights, HeightGrid(16, 16, -10.0f));
     editor.AdjustHeights(3.0f, AdjustMode::Set);
+    editor.FilterTerrain(PresetMatrix(3), false); // raise features: 1.5 times
+    EXPECT_EQ(editor.Terrain().heights, HeightGrid(16, 16, 4.5f));
+    EXPECT_EQ(editor.History().UndoCount(), 3);
+    ExpectMeshMatchesHeights();
+}
+
+TEST_F(EditCommandsTest, AFilterWithAZeroFactorChangesNothingAndStoresNoStep) {
+    const HeightGrid before = editor.Terrain().heights;
     FilterMatrix zero = PresetMatrix(3);
     zero.factor = 0;
     editor.FilterTerrain(zero, false);
-    EXPECT_EQ(editor.History().UndoCount(), 3) << "no step for a filter that cannot run";
-    editor.FilterTerrain(PresetMatrix(3), false); // raise features: 1.5 times
-    EXPECT_EQ(editor.Terrain().heights, HeightGrid(16, 16, 4.5f));
-    ExpectMeshMatchesHeights();
+    EXPECT_EQ(editor.Terrain().heights, before);
+    EXPECT_EQ(editor.History().UndoCount(), 0);
 }

@@ -25,7 +25,7 @@ TerrainModel Sized(int columns, int rows) {
 
 } // namespace
 
-TEST(TerrainSettingsLogic, EachStructureAsksForItsSizeAndCustomOnlyForAChosenUsableOne) {
+TEST(TerrainSettingsLogic, TheRequestedSizeIsTheStructuresOrAChosenUsableCustomOne) {
     using S = TerrainStructure;
     // Structure, custom columns and rows, whether a custom size was chosen, the editor's terrain, the size.
     const std::tuple<S, int, int, bool, TerrainModel, GridSize> cases[] = {
@@ -49,7 +49,7 @@ TEST(TerrainSettingsLogic, EachStructureAsksForItsSizeAndCustomOnlyForAChosenUsa
     }
 }
 
-TEST(TerrainSettingsLogic, ChosenTexturesAreStoredBelowTheProgramFolderAndEveryPresetFitsTheSliders) {
+TEST(TerrainSettingsLogic, AChosenTextureIsStoredRelativeToTheProgramFolderInLatin1) {
     EXPECT_EQ(StoredTexturePath("/OPT/land/teratextures/sub/b.tga", "/opt/Land"), "teratextures\\sub\\b.tga");
     EXPECT_EQ(StoredTexturePath("/opt/Landmark/a.jpg", "/opt/Land/"), std::nullopt) << "a sibling folder";
     EXPECT_EQ(StoredTexturePath("/home/a.jpg", "/opt/Land/"), std::nullopt);
@@ -58,6 +58,9 @@ TEST(TerrainSettingsLogic, ChosenTexturesAreStoredBelowTheProgramFolderAndEveryP
               "teratextures\\Gr\xfcn.jpg");
     EXPECT_EQ(StoredTexturePath("/x/Z/teratextures/\u041a.jpg", "/x/Z/"), std::nullopt);
     EXPECT_EQ(StoredTexturePath("/x/Z/teratextures/\xfc.jpg", "/x/Z/"), std::nullopt) << "not UTF-8";
+}
+
+TEST(TerrainSettingsLogic, EveryPresetHasARelativeTextureAndFitsTheSliders) {
     const auto within = [](int value, SliderRange range) {
         return value >= range.minimum && value <= range.maximum;
     };
@@ -71,7 +74,7 @@ TEST(TerrainSettingsLogic, ChosenTexturesAreStoredBelowTheProgramFolderAndEveryP
             << p.caption;
 }
 
-TEST(TerrainSettingsLogic, StoredTilingsShowRoundedToEvenAndHeldToTheSliders) {
+TEST(TerrainSettingsLogic, StoredTilingsShowRoundedToEvenWithinTheSliders) {
     TerrainModel model = Sized(330, 120);
     model.terrainPresent = true;
     model.groundTiling = 12.5f;
@@ -85,7 +88,7 @@ TEST(TerrainSettingsLogic, StoredTilingsShowRoundedToEvenAndHeldToTheSliders) {
     EXPECT_EQ(SettingsFromTerrain(model).structure, TerrainStructure::Normal);
 }
 
-TEST_F(EditorTest, ANewGridStandsAtTheGroundLevelWithItsSpacingAndADifferentSizeAsksBeforeReplacingIt) {
+TEST_F(EditorTest, ANewGridStandsAtTheGroundLevelWithItsSpacingAndThePresetsTextures) {
     TerrainSettingsValues values = Fresh(TerrainStructure::Low);
     ApplySeaPreset(values, 6);
     values.groundTexture.clear();
@@ -102,11 +105,15 @@ TEST_F(EditorTest, ANewGridStandsAtTheGroundLevelWithItsSpacingAndADifferentSize
     EXPECT_EQ(t.detailTexture, "") << "an empty detail path means no detail texture";
     EXPECT_TRUE(t.terrainPresent && !t.terrainChanged && shell.textureReloads == 1 && shell.renders >= 1);
     EXPECT_EQ(editor.Caption(), "CorvantaLandwright - [Terrain]");
-    // Another size asks first: Cancel changes nothing, Yes makes a new grid (here without water).
-    editor.FlipArea(); // a change of the level grid that changes no height
+}
+
+TEST_F(EditorTest, AnotherSizeAsksFirstCancelChangesNothingAndYesMakesANewGrid) {
+    GiveEditorTerrain(3, 42.0f);
+    const TerrainModel& t = editor.Terrain();
+    const int reloads = shell.textureReloads;
     const TerrainModel before = editor.Terrain();
     shell.answers = {Answer::Cancel, Answer::Yes};
-    values = Fresh(TerrainStructure::Custom);
+    TerrainSettingsValues values = Fresh(TerrainStructure::Custom);
     values.customColumns = 64;
     values.customRows = 32;
     values.customSizeChosen = true;
@@ -116,7 +123,7 @@ TEST_F(EditorTest, ANewGridStandsAtTheGroundLevelWithItsSpacingAndADifferentSize
               TerrainApplyResult::Cancelled);
     EXPECT_FALSE(DialogMayClose(TerrainApplyResult::Cancelled));
     EXPECT_EQ(static_cast<const TerrainData&>(t), static_cast<const TerrainData&>(before));
-    EXPECT_EQ(shell.textureReloads, 1);
+    EXPECT_EQ(shell.textureReloads, reloads);
     EXPECT_EQ(editor.ApplyTerrainSettings(values, TerrainSettingsPurpose::Edit), TerrainApplyResult::NewGrid);
     EXPECT_EQ(shell.questions.size(), 2u);
     EXPECT_EQ(t.heights, HeightGrid(64, 32, 0.0f)) << "no water: the ground starts at 0";
@@ -156,16 +163,16 @@ TEST_F(EditorTest, AnAbsoluteTexturePathIsRefusedBeforeAnythingIsAskedOrApplied)
     values.waterTexture = "/usr/share/water.jpg";
     EXPECT_EQ(editor.ApplyTerrainSettings(values, TerrainSettingsPurpose::Edit),
               TerrainApplyResult::InvalidTexture);
-    const std::string& text = OnlyMessage().text;
-    EXPECT_EQ(
-        text.find(InvalidTextureLine("Ground") + InvalidTextureLine("Detail") + InvalidTextureLine("Water")),
-        0u)
-        << text;
+    EXPECT_EQ(OnlyMessage().text.rfind("The Ground Texture is Invalid!\nThe Detail Texture is Invalid!\n"
+                                       "The Water Texture is Invalid!\n",
+                                       0),
+              0u)
+        << OnlyMessage().text;
     EXPECT_TRUE(shell.questions.empty());
     EXPECT_EQ(static_cast<const TerrainData&>(editor.Terrain()), static_cast<const TerrainData&>(before));
 }
 
-TEST_F(EditorTest, NewOnlyAsksAndItsSettingsReplaceTheTerrainWithANewGridWithoutTheStructureQuestion) {
+TEST_F(EditorTest, NewAsksOnlyOverATerrainAndAnsweringYesAloneChangesNothing) {
     EXPECT_TRUE(editor.NewTerrain());
     EXPECT_TRUE(shell.questions.empty()) << "nothing to lose";
     editor.OpenTrack(WriteTrack("t.cvtrack", 4));
@@ -177,37 +184,52 @@ TEST_F(EditorTest, NewOnlyAsksAndItsSettingsReplaceTheTerrainWithANewGridWithout
     // Yes, then Cancel in the settings (nothing applied): terrain, track and undo steps stay.
     EXPECT_EQ(static_cast<const TerrainData&>(editor.Terrain()), static_cast<const TerrainData&>(before));
     EXPECT_TRUE(editor.Terrain().terrainPresent && editor.Terrain().trackPresent && editor.CanUndo());
+}
 
-    // The settings start from the presets; the editor's own size asks no structure question.
+TEST_F(EditorTest, NewSettingsStartFromThePresetsAndMakeANewGridWithoutTheStructureQuestion) {
+    editor.OpenTrack(WriteTrack("t.cvtrack", 4));
+    editor.FlipArea();
     TerrainSettingsValues values = SettingsForDialog(editor.Terrain(), TerrainSettingsPurpose::New);
     EXPECT_EQ(values.groundTexture, TerrainPresetTable::land[0].groundTexture);
     values.structure = TerrainStructure::Custom;
     EXPECT_EQ(editor.ApplyTerrainSettings(values, TerrainSettingsPurpose::New), TerrainApplyResult::NewGrid);
-    EXPECT_EQ(shell.questions.size(), 2u);
+    EXPECT_TRUE(shell.questions.empty());
     EXPECT_EQ(editor.Terrain().heights, HeightGrid(4, 4, 1.0f)) << "a new grid at the water's ground level";
     EXPECT_FALSE(editor.CanUndo());
     EXPECT_TRUE(editor.Terrain().terrainChanged) << "the open track's file holds another terrain";
 }
 
-TEST_F(EditorTest, ReplaceTerrainAsksOnlyOverATerrainAndARefusalOrAFailedFillChangesNothing) {
+namespace {
+
+bool FillFourByFour(TerrainData& t) {
+    NewTerrainGrid(t, 4, 4);
+    return true;
+}
+
+} // namespace
+
+TEST_F(EditorTest, ReplaceTerrainAsksOnlyOverATerrainAndDropsTheOldUndoSteps) {
     int asked = 0;
     TerrainReplacement how;
-    how.confirmOverwrite = [&asked] { return ++asked > 1; }; // No, then Yes
+    how.confirmOverwrite = [&asked] { return ++asked > 0; };
     how.applyDefaults = true;
-    const auto fill = [](TerrainData& t) {
-        NewTerrainGrid(t, 4, 4);
-        return true;
-    };
-    EXPECT_TRUE(editor.ReplaceTerrain(fill, how));
+    EXPECT_TRUE(editor.ReplaceTerrain(FillFourByFour, how));
     EXPECT_EQ(asked, 0) << "nothing to overwrite";
     EXPECT_EQ(editor.Terrain().groundTexture, kDefaultGroundTexture) << "the defaults filled in";
     editor.FlipArea();
+    EXPECT_TRUE(editor.ReplaceTerrain(FillFourByFour, how));
+    EXPECT_EQ(asked, 1);
+    EXPECT_FALSE(editor.CanUndo() || editor.Terrain().terrainChanged) << "steps go with the old terrain";
+}
+
+TEST_F(EditorTest, ARefusedReplacementOrAFailedFillLeavesTheTerrainAsItWas) {
+    TerrainReplacement how;
+    how.confirmOverwrite = [] { return false; };
+    ASSERT_TRUE(editor.ReplaceTerrain(FillFourByFour, {}));
+    editor.FlipArea();
     const TerrainModel before = editor.Terrain();
-    EXPECT_FALSE(editor.ReplaceTerrain(fill, how));
+    EXPECT_FALSE(editor.ReplaceTerrain(FillFourByFour, how));
     EXPECT_FALSE(editor.ReplaceTerrain([](TerrainData&) { return false; }, {}));
     EXPECT_EQ(static_cast<const TerrainData&>(editor.Terrain()), static_cast<const TerrainData&>(before));
     EXPECT_TRUE(editor.CanUndo() && editor.Terrain().terrainChanged);
-    EXPECT_TRUE(editor.ReplaceTerrain(fill, how));
-    EXPECT_EQ(asked, 2);
-    EXPECT_FALSE(editor.CanUndo() || editor.Terrain().terrainChanged) << "steps go with the old terrain";
 }

@@ -38,25 +38,49 @@ AppSettings Parsed(const IniText& text, AppSettings start = {}) {
 
 } // namespace
 
-TEST(SettingsFile,
-     SaveThenLoadKeepsEveryFieldBothWaysNoFileKeepsTheStartUpValuesAndAFailedSaveThePreviousFile) {
+TEST(SettingsFile, TheDefaultGuidelineColoursAreHalfTheTrackColours) {
     AppSettings derived;
     DeriveShadedColours(derived);
-    EXPECT_EQ(derived, AppSettings{}) << "the default guideline colours are the halves of the track colours";
+    EXPECT_EQ(derived, AppSettings{});
+}
+
+TEST(SettingsFile, SaveThenLoadKeepsEveryFieldBothWays) {
     ScratchFolder folder;
     const std::string path = folder.File("CorvantaLandwright.ini");
-    AppSettings loaded = Changed();
-    EXPECT_FALSE(LoadSettings(path, loaded));
-    EXPECT_EQ(loaded, Changed());
     std::string error;
     for (const bool changed : {true, false}) {
         const AppSettings original = changed ? Changed() : AppSettings{};
         ASSERT_TRUE(SaveSettings(path, original, error)) << error;
-        loaded = changed ? AppSettings{} : Changed();
+        AppSettings loaded = changed ? AppSettings{} : Changed();
         ASSERT_TRUE(LoadSettings(path, loaded));
         EXPECT_EQ(loaded, original);
     }
-    const IniText text = ReadText(path);
+}
+
+TEST(SettingsFile, AMissingFileKeepsTheValuesAlreadyThere) {
+    ScratchFolder folder;
+    AppSettings loaded = Changed();
+    EXPECT_FALSE(LoadSettings(folder.File("CorvantaLandwright.ini"), loaded));
+    EXPECT_EQ(loaded, Changed());
+}
+
+TEST(SettingsFile, AFailedSaveLeavesThePreviousFileAndNoTemporary) {
+    ScratchFolder folder;
+    const std::string path = folder.File("CorvantaLandwright.ini");
+    std::string error;
+    ASSERT_TRUE(SaveSettings(path, AppSettings{}, error)) << error;
+    const std::string before = ReadText(path);
+    {
+        FileSizeLimit limit(16);
+        EXPECT_FALSE(SaveSettings(path, Changed(), error));
+    }
+    EXPECT_FALSE(error.empty());
+    EXPECT_EQ(ReadText(path), before);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
+}
+
+TEST(SettingsFile, SectionsAndKeysAreWrittenInTheirFixedOrder) {
+    const IniText text = BuildSettingsText(AppSettings{});
     EXPECT_EQ(text.rfind(";CorvantaLandwright v0.1.0\r\n\r\n[General]\r\nAskImportOverwrite=0\r\n", 0), 0u);
     std::size_t at = 0;
     for (const char* next :
@@ -66,39 +90,39 @@ TEST(SettingsFile,
         at = text.find(next, at);
         ASSERT_NE(at, std::string::npos) << next << " missing or out of order";
     }
-    {
-        FileSizeLimit limit(16);
-        EXPECT_FALSE(SaveSettings(path, Changed(), error)) << "a save that fails part-way";
-    }
-    EXPECT_FALSE(error.empty());
-    EXPECT_EQ(ReadText(path), text) << "the previous file is left";
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1)
-        << "no temporary left";
 }
 
-TEST(SettingsParsing,
-     RememberSwitchesGateViewsToolsAndRecentsSomeKeysCountOnlyWhenPresentAndColoursAreDerived) {
+TEST(SettingsParsing, TheRememberSwitchesOffKeepViewsToolsAndRecentsAsTheyWere) {
     AppSettings start;
     start.recentPaths[0] = "kept.cvtrack";
-    AppSettings s = Parsed(";c\r\nRmbrViews=False\r\nRmbrTools=false\r\nRmbrRecents=0\r\nViewWater=False\r\n"
-                           "ClipTerrain=True\r\nSculptSize=5\r\nRF0=x.cvtrack\r\n",
-                           start);
+    const AppSettings s =
+        Parsed(";c\r\nRmbrViews=False\r\nRmbrTools=false\r\nRmbrRecents=0\r\nViewWater=False\r\n"
+               "ClipTerrain=True\r\nSculptSize=5\r\nRF0=x.cvtrack\r\n",
+               start);
     EXPECT_FALSE(s.rmbrViews || s.rmbrTools || s.rmbrRecents || s.clipTerrain);
     EXPECT_TRUE(s.viewWater);
     EXPECT_EQ(std::tuple(s.sculptSize, s.recentPaths[0]), std::tuple(2, "kept.cvtrack"));
-    // UseWaterTrans (with WaterTrans), NoLights and ClipTerrain count only when present; the rest
-    // read a missing key as zero.
-    s = Parsed(";c\r\nWaterTrans=0.25\r\nRmbrViews=1\r\nRmbrTools=-1\r\nRmbrRecents=TRUE\r\n", Changed());
+}
+
+TEST(SettingsParsing, SomeKeysCountOnlyWhenPresentAndTheRestReadAMissingKeyAsZero) {
+    // UseWaterTrans (with WaterTrans), NoLights and ClipTerrain count only when present.
+    const AppSettings s =
+        Parsed(";c\r\nWaterTrans=0.25\r\nRmbrViews=1\r\nRmbrTools=-1\r\nRmbrRecents=TRUE\r\n", Changed());
     EXPECT_TRUE(s.noLights && s.clipTerrain && !s.viewGuidelines);
     EXPECT_EQ(std::tuple(s.waterTrans, s.askLoadNoTerrain, s.sculptTool, s.colorTable[3], s.colorTable[14]),
               std::tuple(0.40625f, 0, 0, RgbColour{}, RgbColour{}));
     EXPECT_EQ(s.recentPaths[1] + s.recentTitles[1], "");
     EXPECT_EQ(Parsed(";c\r\nUseWaterTrans=False\r\n").waterTrans, 0.0f);
-    // Colours from 11 on are derived, and the last line quirk reaches the recent files.
-    s = Parsed(";c\r\nCR0=0.5\r\nCG0=1\r\nCB0=0.25\r\nCR11=0.9\r\nCR4=0.2\r\nRmbrRecents=True\r\nRF4=C:"
-               "\\t\\Loop.cvtrack");
+}
+
+TEST(SettingsParsing, ColoursFromElevenOnAreDerivedFromTheStoredOnes) {
+    const AppSettings s = Parsed(";c\r\nCR0=0.5\r\nCG0=1\r\nCB0=0.25\r\nCR11=0.9\r\nCR4=0.2\r\n");
     EXPECT_EQ(s.colorTable[11], (RgbColour{0.25f, 0.5f, 0.125f}));
     EXPECT_EQ(s.colorTable[15], (RgbColour{0.1f, 0.0f, 0.0f}));
+}
+
+TEST(SettingsParsing, ARecentFileOnTheLastLineLosesItsLastCharacter) {
+    const AppSettings s = Parsed(";c\r\nRmbrRecents=True\r\nRF4=C:\\t\\Loop.cvtrack");
     EXPECT_EQ(s.recentPaths[4] + "|" + s.recentTitles[4], "C:\\t\\Loop.cvtrac|Loop.cvtrac");
 }
 

@@ -75,12 +75,15 @@ std::optional<Point> NodePosition(const TrackDocument& doc, const NodeRef& n) {
 
 } // namespace
 
-TEST(DemoTrackDocument, IsTheSameOnEveryCallReadsBackAsWrittenAndItsOptionsChangeOnlyTheTerrain) {
+TEST(DemoTrackDocument, EveryCallGivesTheSameBytesWhichReadBackUnchanged) {
     const std::vector<std::uint8_t> bytes = SerializeTrack(Demo());
     EXPECT_EQ(SerializeTrack(MakeDemoTrack()), bytes);
     TrackDocument read;
     ASSERT_TRUE(ParseTrack(bytes, read));
     EXPECT_EQ(SerializeTrack(read), bytes);
+}
+
+TEST(DemoTrackDocument, TheGridOptionsChangeOnlyTheTerrain) {
     const TrackDocument bare = MakeDemoTrack({205, false});
     for (int side : {205, 409, 513}) {
         TrackDocument doc = MakeDemoTrack({side, true});
@@ -92,27 +95,37 @@ TEST(DemoTrackDocument, IsTheSameOnEveryCallReadsBackAsWrittenAndItsOptionsChang
     }
 }
 
-TEST(DemoCircuit, IsClosedSmoothBankedIntoItsTurnsInsideTheSceneAboveTheGroundAndHasEveryStretchType) {
-    const TrackDocument& doc = Demo();
-    const std::vector<BezierVertex>& v = doc.bezier.vertices;
-    const std::vector<Segment>& seg = doc.segments.segments;
+TEST(DemoCircuit, IsClosedWithoutAKink) {
+    const std::vector<BezierVertex>& v = Demo().bezier.vertices;
     ASSERT_GE(v.size(), 24u);
-    ASSERT_EQ(seg.size(), v.size() - 1);
     EXPECT_EQ(v.front(), v.back());
-    std::set<std::int32_t> types;
-    for (std::size_t i = 0; i < seg.size(); ++i) {
+    for (std::size_t i = 0; i + 1 < v.size(); ++i) {
         const Point in = At(v[i], 0) - At(v[i], 3), out = At(v[i], 6) - At(v[i], 0);
         EXPECT_GT(in.Dot(out) / std::sqrt(in.Dot(in) * out.Dot(out)), 0.9999) << "kink at vertex " << i;
+    }
+}
+
+TEST(DemoCircuit, BanksIntoItsTurns) {
+    const std::vector<BezierVertex>& v = Demo().bezier.vertices;
+    for (std::size_t i = 1; i + 1 < v.size(); ++i) {
+        // Positive roll banks to the right, into a right turn (x east, z south).
+        const Point ahead = At(v[i + 1], 0) - At(v[i], 0), back = At(v[i], 0) - At(v[i - 1], 0);
+        const double rightward = ahead.Dot({-back.z, 0.0, back.x});
+        EXPECT_TRUE(v[i].Roll() == 0.0f || (v[i].Roll() > 0.0f) == (rightward > 0.0)) << "vertex " << i;
+    }
+}
+
+TEST(DemoCircuit, HasEveryStretchTypeEachWhereItBelongs) {
+    const std::vector<BezierVertex>& v = Demo().bezier.vertices;
+    const std::vector<Segment>& seg = Demo().segments.segments;
+    ASSERT_EQ(seg.size(), v.size() - 1);
+    std::set<std::int32_t> types;
+    for (std::size_t i = 0; i < seg.size(); ++i) {
         types.insert(seg[i].type);
         EXPECT_EQ(seg[i].details.size(), static_cast<std::size_t>(SegmentPartValues(seg[i].type)));
         const float rise = v[i + 1].values[1] - v[i].values[1];
         EXPECT_TRUE(seg[i].type != kStation || rise == 0.0f) << "station stretch " << i << " is level";
         EXPECT_TRUE(seg[i].type != kLift || rise > 0.0f) << "lift stretch " << i << " climbs";
-        if (i == 0) continue;
-        // Positive roll banks to the right, into a right turn (x east, z south).
-        const Point ahead = At(v[i + 1], 0) - At(v[i], 0), back = At(v[i], 0) - At(v[i - 1], 0);
-        const double rightward = ahead.Dot({-back.z, 0.0, back.x});
-        EXPECT_TRUE(v[i].Roll() == 0.0f || (v[i].Roll() > 0.0f) == (rightward > 0.0)) << "vertex " << i;
     }
     EXPECT_EQ(types, (std::set<std::int32_t>{kTrack, kStation, kLift, kTransport, kBrake}));
     EXPECT_EQ(seg.front().type, kStation);
@@ -120,16 +133,19 @@ TEST(DemoCircuit, IsClosedSmoothBankedIntoItsTurnsInsideTheSceneAboveTheGroundAn
     for (std::size_t s = seg.size() - 1; seg[s].type == kBrake || seg[s].type == kTransport; --s)
         approach.insert(seg[s].type);
     EXPECT_EQ(approach, (std::set<std::int32_t>{kTransport, kBrake}));
-    const HeightGrid& h = doc.terrain.terrain.heights;
+}
+
+TEST(DemoCircuit, StaysInsideTheSceneAboveTheGroundAndItsLake) {
+    const HeightGrid& h = Demo().terrain.terrain.heights;
     EXPECT_LT(*std::min_element(h.Data(), h.Data() + h.Size()), -1.0f) << "a lake to keep clear of";
-    for (const TrackDocument* d : {&doc, &Demo(true)})
+    for (const TrackDocument* d : {&Demo(), &Demo(true)})
         for (const Point& p : TrackSamples(*d, 32)) {
             EXPECT_TRUE(std::abs(p.x) <= 200.0 && std::abs(p.z) <= 200.0) << p.x << ", " << p.z;
             EXPECT_GE(p.y - GroundAt(d->terrain.terrain, p.x, p.z), 2.0) << p.x << ", " << p.z;
         }
 }
 
-TEST(DemoSupports, EveryTubeJoinsTwoNodesRisingFromFootersOnDryGroundUnderTheTrackAndTheLiftIsHeld) {
+TEST(DemoSupports, EveryTubeJoinsTwoNodesRisingFromItsFooterAndHoldsEveryRailConnector) {
     const TrackDocument& doc = Demo(true); // the supports of every grid size, on the finest ground
     EXPECT_FALSE(doc.footers.footers.empty() || doc.freeNodes.nodes.empty() || doc.catwalks.catwalks.empty());
     ASSERT_FALSE(doc.railConnectors.groups.empty() || doc.tubes.tubes.empty());
@@ -143,15 +159,17 @@ TEST(DemoSupports, EveryTubeJoinsTwoNodesRisingFromFootersOnDryGroundUnderTheTra
             if (n.kind == kRailConnectorNode) held.insert({n.entry, n.item});
     }
     std::size_t connectors = 0;
-    std::set<std::size_t> supported; // stretches with a rail connector
     for (const auto& group : doc.railConnectors.groups)
         for (const RailConnector& rc : group) {
             ++connectors;
-            supported.insert(static_cast<std::size_t>(rc.stretch));
             EXPECT_TRUE(rc.parameter >= 0.0f && rc.parameter <= 1.0f && rc.stretch >= 0 &&
                         static_cast<std::size_t>(rc.stretch) < doc.segments.segments.size());
         }
     EXPECT_EQ(held.size(), connectors) << "every rail connector is held by a tube";
+}
+
+TEST(DemoSupports, FootersStandOnDryGroundUnderTheTrack) {
+    const TrackDocument& doc = Demo(true);
     const std::vector<Point> track = TrackSamples(doc, 32);
     for (const Footer& f : doc.footers.footers) {
         const double ground = GroundAt(doc.terrain.terrain, f.position[0], f.position[2]);
@@ -160,6 +178,14 @@ TEST(DemoSupports, EveryTubeJoinsTwoNodesRisingFromFootersOnDryGroundUnderTheTra
         const auto gap = [&](const Point& p) { return std::hypot(p.x - f.position[0], p.z - f.position[2]); };
         EXPECT_LT(gap(std::ranges::min(track, {}, gap)), 10.0) << "a footer stands under the track";
     }
+}
+
+TEST(DemoSupports, EveryLiftStretchIsHeld) {
+    const TrackDocument& doc = Demo(true);
+    std::set<std::size_t> supported; // stretches with a rail connector
+    for (const auto& group : doc.railConnectors.groups)
+        for (const RailConnector& rc : group)
+            supported.insert(static_cast<std::size_t>(rc.stretch));
     for (std::size_t s = 0; s < doc.segments.segments.size(); ++s)
         EXPECT_TRUE(doc.segments.segments[s].type != kLift || supported.count(s)) << "lift stretch " << s;
 }

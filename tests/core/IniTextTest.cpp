@@ -32,7 +32,7 @@ TEST(IniLookup, ValueEndsAtCrLfLosesItsLastCharacterWithoutOneAndIsTrimmedOfSpac
     EXPECT_EQ(IniGet(text, "C"), "\t1 2\t");
 }
 
-TEST(IniFile, LoadTakesExactBytesAndSaveReplacesTheWholeFileWithWhatTheBuildersWrote) {
+TEST(IniFile, LoadTakesTheExactBytesWhichSaveReplacesWholesale) {
     ScratchFolder folder;
     const std::string path = folder.File("a.ini");
     IniText text = "kept";

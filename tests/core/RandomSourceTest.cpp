@@ -16,7 +16,7 @@ std::vector<std::uint32_t> First(RandomSource random, int count) {
 
 } // namespace
 
-TEST(RandomSource, ASeedGivesOneExactSequenceAndOtherSeedsOtherOnes) {
+TEST(RandomSource, EachSeedGivesItsOwnExactSequence) {
     // xorshift32 (shifts 13, 17, 5) from 1, worked out by hand.
     EXPECT_EQ(First(RandomSource(1), 3), (std::vector<std::uint32_t>{270369u, 67634689u, 2647435461u}));
     EXPECT_EQ(First(RandomSource(20261123), 50), First(RandomSource(20261123), 50));

@@ -5,7 +5,7 @@
 #include <limits>
 #include <tuple>
 
-TEST(TerrainModel, NewGridStartsAtWaterLevelOrAtTheGroundWithoutWaterAndClearKeepsTheTrackFlags) {
+TEST(TerrainModel, ANewGridStandsAtTheWaterLevelOrWithoutWaterAtZero) {
     TerrainModel model;
     model.waterEnabled = model.terrainChanged = true;
     model.waterTexture = "teratextures\\TropicalWater.jpg";
@@ -19,6 +19,11 @@ TEST(TerrainModel, NewGridStartsAtWaterLevelOrAtTheGroundWithoutWaterAndClearKee
     EXPECT_EQ(model.heights, HeightGrid(3, 6, 0.0f));
     EXPECT_EQ(std::tie(model.waterTexture, model.reflection, model.waterTiling),
               std::make_tuple(std::string(), std::uint8_t{0}, 1.0f));
+}
+
+TEST(TerrainModel, ClearingTheTerrainKeepsTheTrack) {
+    TerrainModel model;
+    NewTerrainGrid(model, 6, 3);
     model.groundTexture = "x";
     model.trackPresent = true;
     model.trackFilePath = "/t/a.cvtrack";

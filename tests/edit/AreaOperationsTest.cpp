@@ -30,17 +30,25 @@ TEST(OperationAreaClipping, ReachingPastTheLastColumnEndsTheRowsAtColumnsMinusOn
     EXPECT_TRUE(Area(TerrainData{}, 0, 0, 2).Empty());
 }
 
-TEST(FlipAndMirror, ReverseTheRowsOrTheColumnsOfTheLopsidedAreaAndUndoThemselves) {
+TEST(FlipArea, ReversesTheRowsOfTheLopsidedArea) {
     TerrainData t = MakeTerrain(8, 16);
     NumberPoints(t);
     EXPECT_EQ(Apply(FlipArea, t, 6, 3, 2), (GridRect{4, 1, 7, 7}));
     ExpectHeights(t, {{1, 4, 704}, {7, 7, 107}, {3, 6, 506}, {0, 4, 4}, {1, 3, 103}, {8, 4, 804}});
     Apply(FlipArea, t, 2, 14, 2); // near the last row only: rows 12..15
     ExpectHeights(t, {{12, 0, 1500}, {13, 2, 1402}});
-    t = MakeTerrain(16, 16);
+}
+
+TEST(MirrorArea, ReversesTheColumnsOfTheLopsidedArea) {
+    TerrainData t = MakeTerrain(16, 16);
     NumberPoints(t);
     EXPECT_EQ(Apply(MirrorArea, t, 14, 8, 2), (GridRect{12, 6, 15, 15}));
     ExpectHeights(t, {{6, 12, 615}, {15, 13, 1514}, {5, 12, 512}});
+}
+
+TEST(FlipAndMirror, EachUndoesItself) {
+    TerrainData t = MakeTerrain(16, 16);
+    NumberPoints(t);
     const HeightGrid before = t.heights;
     Apply(FlipArea, t, 7, 7, 3);
     ExpectHeights(t, {{4, 7, 1007}});
@@ -52,10 +60,20 @@ TEST(FlipAndMirror, ReverseTheRowsOrTheColumnsOfTheLopsidedAreaAndUndoThemselves
     EXPECT_EQ(t.heights, before);
 }
 
-TEST(InvertAndFlatten, InvertTurnsTheAreaOverWithinItsRangeAndFlattenLevelsItToTheStrokeAreasMiddleOrBottom) {
+namespace {
+
+// A level 4 with a peak of 10 and a dip of 2 in the area around (8, 8).
+TerrainData PeakAndDip() {
     TerrainData t = MakeTerrain(16, 16, 4.0f);
     t.heights.At(8, 8) = 10.0f;
     t.heights.At(7, 7) = 2.0f;
+    return t;
+}
+
+} // namespace
+
+TEST(InvertArea, TurnsTheAreaOverWithinItsRange) {
+    TerrainData t = PeakAndDip();
     const TerrainData start = t;
     EXPECT_EQ(Apply(InvertArea, t, 8, 8, 1), (GridRect{7, 7, 9, 9}));
     ExpectHeights(t, {{7, 7, 10}, {8, 8, 2}, {9, 9, 8}, {6, 6, 4}, {10, 10, 4}});
@@ -64,15 +82,20 @@ TEST(InvertAndFlatten, InvertTurnsTheAreaOverWithinItsRangeAndFlattenLevelsItToT
     TerrainData flat = MakeTerrain(16, 16, 3.0f);
     Apply(InvertArea, flat, 8, 8, 2);
     EXPECT_EQ(CountNotAt(flat, 3.0f), 0);
+}
+
+TEST(FlattenToArea, LevelsTheAreaToTheMiddleOrTheBottomOfItsRange) {
     for (SculptMode mode :
          {SculptMode::Relational, SculptMode::Absolute}) { // the middle of the range, its bottom
-        t = start;
+        TerrainData t = PeakAndDip();
         EXPECT_EQ(FlattenToArea(t, CursorX(t, 8), CursorZ(t, 8), 1, mode), (GridRect{7, 7, 9, 9}));
         EXPECT_EQ(CountNotAt(t, 4.0f), 9);
         EXPECT_EQ(CountNotAt(t, mode == SculptMode::Relational ? 6.0f : 2.0f), 256 - 9);
     }
-    // The level is measured over the stroke area but the operation area is flattened.
-    t = MakeTerrain(8, 16);
+}
+
+TEST(FlattenToArea, MeasuresTheStrokeAreaButLevelsTheOperationArea) {
+    TerrainData t = MakeTerrain(8, 16);
     t.heights.At(7, 6) = 100.0f; // inside the operation area only
     t.heights.At(3, 5) = 10.0f;
     EXPECT_EQ(FlattenToArea(t, CursorX(t, 6), CursorZ(t, 3), 2, SculptMode::Relational),
@@ -80,20 +103,25 @@ TEST(InvertAndFlatten, InvertTurnsTheAreaOverWithinItsRangeAndFlattenLevelsItToT
     ExpectHeights(t, {{7, 6, 5}, {1, 4, 5}, {8, 6, 0}});
 }
 
-TEST(WholeGrid, ResetGoesToTheGroundLevelAndAdjustStaysWithinTheToolLimits) {
+TEST(WholeGrid, ResetGoesToTheGroundLevel) {
     TerrainData t = MakeTerrain(8, 4, 0.0f, true), dry = MakeTerrain(8, 4, 20.0f), empty;
     EXPECT_EQ(WaterLevel(t), -10.0f);
     EXPECT_EQ(WaterLevel(dry) + GroundLevel(dry), 0.0f);
     NumberPoints(t);
     EXPECT_EQ(ResetTerrain(t), GridRect::Whole());
     EXPECT_EQ(CountNotAt(t, 0.5f), 0);
+    EXPECT_TRUE(ResetTerrain(empty).Empty());
+}
+
+TEST(WholeGrid, AdjustStaysWithinTheToolLimits) {
+    TerrainData t = MakeTerrain(8, 4, 0.5f, true), dry = MakeTerrain(8, 4, 20.0f), empty;
     EXPECT_EQ(AdjustHeights(t, 2.5f, AdjustMode::Raise), GridRect::Whole());
     EXPECT_EQ(CountNotAt(t, 3.0f), 0);
     AdjustHeights(dry, 200.0f, AdjustMode::Lower);
     EXPECT_EQ(CountNotAt(dry, -10.0f), 0);
     AdjustHeights(dry, 500.0f, AdjustMode::Set);
     EXPECT_EQ(CountNotAt(dry, 150.0f), 0);
-    EXPECT_TRUE(ResetTerrain(empty).Empty() && AdjustHeights(empty, 1.0f, AdjustMode::Raise).Empty());
+    EXPECT_TRUE(AdjustHeights(empty, 1.0f, AdjustMode::Raise).Empty());
 }
 
 TEST(EveryOperation, LeavesEveryPointFiniteAndTheGridItsSize) {

@@ -37,7 +37,7 @@ TEST(SculptRelational, RaisingPullsTheAreaUpToItsTopWhichStaysPutThenTheLevelAre
     ExpectHeights(t, {{7, 7, 4.6f}, {8, 8, 2}, {8, 10, 5}}); // (5 - 2) * -0.1 + 5 - 0.1
 }
 
-TEST(SculptStep, EachModeMovesAPointByItsRuleAndStopsOnlyAtTheBoundItCouldCross) {
+TEST(SculptStep, EachModeStopsOnlyAtTheBoundItCouldCross) {
     // Height, mode, delta, water, expected height after one step at radius 0.
     const std::tuple<float, SculptMode, float, bool, float, const char*> cases[] = {
         {4.0f, kRelational, 2.0f, false, 4.6f, "radius 0 rises by delta * k + k: 4 + 2 * 0.2 + 0.2"},
@@ -61,7 +61,7 @@ TEST(SculptStep, EachModeMovesAPointByItsRuleAndStopsOnlyAtTheBoundItCouldCross)
     }
 }
 
-TEST(SculptStep, PyramidAndCurveToolsAnEmptyGridOrAStepThatIsNotANumberChangeNothing) {
+TEST(SculptStep, ToolsWithoutAShapeAnEmptyGridOrAStepThatIsNotANumberChangeNothing) {
     TerrainData t = MakeTerrain(8, 8, 1.0f), empty;
     for (SculptTool tool : {SculptTool::Pyramid, SculptTool::Curve})
         EXPECT_TRUE(Stroke(t, 4, 4, kAbsolute, 2, 3.0f, tool).Empty()) << "tool " << static_cast<int>(tool);

@@ -11,26 +11,32 @@ GridRect FilterWhole(TerrainData& t, const FilterMatrix& matrix) {
 
 } // namespace
 
-TEST(FilterInPlace, LaterPointsSeeTheNewValuesOfEarlierOnesAndPointsBeyondTheEdgeCountAsZero) {
+TEST(FilterInPlace, LaterPointsSeeTheNewValuesOfEarlierOnes) {
     TerrainData t = MakeTerrain(16, 16);
     t.heights.At(5, 5) = 10.0f;
     EXPECT_EQ(FilterWhole(t, PresetMatrix(kSmooth)), GridRect::Whole());
     // Above the spike and before it in its row: 10 / 5. The spike: (2 + 2 + 10) / 5. After it in
     // its row and above that: they see the new values, (0.4 + 2.8) / 5 and 2 / 5.
     ExpectHeights(t, {{4, 5, 2}, {5, 4, 2}, {5, 5, 2.8f}, {4, 6, 0.4f}, {5, 6, 0.64f}});
-    t = MakeTerrain(8, 8, 5.0f);
+}
+
+TEST(FilterInPlace, PointsBeyondTheEdgeCountAsZero) {
+    TerrainData t = MakeTerrain(8, 8, 5.0f);
     FilterWhole(t, PresetMatrix(kSoften));
     EXPECT_FLOAT_EQ(t.heights.At(0, 0), 35.0f / 9.0f);
     for (int i = 0; i < 8; ++i)
         EXPECT_TRUE(t.heights.At(0, i) < 5.0f && t.heights.At(i, 0) < 5.0f) << i;
 }
 
-TEST(FilterPresets, LeaveFlatZeroGroundAloneAndStayWithinTheToolLimits) {
+TEST(FilterPresets, LeaveFlatZeroGroundAlone) {
     for (int preset = 0; preset < 6; ++preset) {
         TerrainData t = MakeTerrain(8, 8);
         FilterWhole(t, PresetMatrix(preset));
         EXPECT_EQ(CountNotAt(t, 0.0f), 0) << preset;
     }
+}
+
+TEST(FilterPresets, StayWithinTheToolLimits) {
     const struct {
         float level;
         FilterMatrix matrix;
@@ -56,12 +62,16 @@ TEST(FilterWholePass, StopsItsColumnsAtTheRowCount) {
     EXPECT_EQ(CountNotAt(tall, 15.0f), 0);
 }
 
-TEST(FilterArea, ChangesOnlyTheOperationAreaAndAZeroFactorOrAnUnknownPresetChangesNothing) {
+TEST(FilterArea, ChangesOnlyTheOperationArea) {
     TerrainData t = MakeTerrain(16, 16, 10.0f);
     EXPECT_EQ(FilterTerrain(t, PresetMatrix(kRaise), true, CursorX(t, 8), CursorZ(t, 8), 1),
               (GridRect{7, 7, 9, 9}));
     EXPECT_EQ(t.heights.At(7, 9), 15.0f);
     EXPECT_EQ(CountNotAt(t, 10.0f), 9);
+}
+
+TEST(FilterArea, AZeroFactorOrAnUnknownPresetChangesNothing) {
+    TerrainData t = MakeTerrain(16, 16, 10.0f);
     const HeightGrid before = t.heights;
     EXPECT_TRUE(FilterWhole(t, PresetMatrix(6)).Empty());
     EXPECT_TRUE(FilterTerrain(t, FilterMatrix{{1, 1, 1, 1, 1, 1, 1, 1, 1}, 0}, true, 0.0f, 0.0f, 2).Empty());

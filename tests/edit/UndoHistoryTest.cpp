@@ -10,7 +10,7 @@ HeightGrid Grid(float level) {
 
 } // namespace
 
-TEST(UndoHistory, KeepsTheNewestTwentyStepsAndDropsTheOldest) {
+TEST(UndoHistory, KeepsOnlyTheNewestTwentySteps) {
     UndoHistory history;
     for (int step = 1; step <= 25; ++step)
         history.PushUndo(Grid(static_cast<float>(step)));
@@ -24,7 +24,7 @@ TEST(UndoHistory, KeepsTheNewestTwentyStepsAndDropsTheOldest) {
     EXPECT_EQ(history.RedoCount(), 20);
 }
 
-TEST(UndoHistory, RedoPutsBackTheUndoneGridAnEditAfterAnUndoKeepsTheRedoStepAndResetForgetsAll) {
+TEST(UndoHistory, RedoPutsBackTheGridAsItWasBeforeTheUndoEvenAfterAnotherEdit) {
     UndoHistory history;
     HeightGrid grid = Grid(1.0f);
     history.PushUndo(grid);
@@ -33,13 +33,20 @@ TEST(UndoHistory, RedoPutsBackTheUndoneGridAnEditAfterAnUndoKeepsTheRedoStepAndR
     history.PushUndo(grid);
     grid.Fill(3.0f);
     ASSERT_TRUE(history.Redo(grid));
-    EXPECT_EQ(grid, Grid(2.0f)) << "redo puts back the grid as it was before the undo";
+    EXPECT_EQ(grid, Grid(2.0f));
     EXPECT_FALSE(history.Redo(grid));
     for (float expected : {3.0f, 1.0f}) {
         ASSERT_TRUE(history.Undo(grid));
         EXPECT_EQ(grid, Grid(expected));
     }
-    history.Redo(grid);
+}
+
+TEST(UndoHistory, ResetForgetsEveryStepBothWays) {
+    UndoHistory history;
+    HeightGrid grid = Grid(1.0f);
+    history.PushUndo(grid);
+    history.PushUndo(grid);
+    history.Undo(grid);
     ASSERT_TRUE(history.CanUndo() && history.CanRedo());
     history.Reset();
     EXPECT_FALSE(history.CanUndo() || history.CanRedo() || history.Redo(grid));

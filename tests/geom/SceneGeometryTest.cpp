@@ -37,7 +37,7 @@ Tube Between(NodeRef a, NodeRef b) {
 
 } // namespace
 
-TEST(Supports, TubesJoinFootersFreeNodesAndRailConnectorsAndTubesWithAMissingNodeAreLeftOut) {
+TEST(Supports, TubesJoinTheirNodesLeavingOutAnyWithAMissingNode) {
     TrackDocument doc = Supported();
     TrackSpine spine;
     ASSERT_TRUE(TraceTrack(doc, spine));
@@ -59,13 +59,16 @@ TEST(Supports, TubesJoinFootersFreeNodesAndRailConnectorsAndTubesWithAMissingNod
     EXPECT_TRUE(Same(lines[1].from, {3, 4, 5}) && Same(lines[1].to, {40, 10, 0})) << "the stretch's end";
     EXPECT_TRUE(Same(lines[2].from, {0, 10, 0}) && Same(lines[2].to, {1, 0, 2})) << "the stretch's start";
     EXPECT_TRUE(SupportTubeLines(doc, TrackSpine{}).size() == 1u) << "untraced, only footer to free node";
+}
 
+TEST(Supports, JointsStandOnTheFootersThenTheFreeNodes) {
+    const TrackDocument doc = Supported();
     const std::vector<Vector3> joints = SupportJoints(doc);
     ASSERT_EQ(joints.size(), 2u);
     EXPECT_TRUE(Same(joints[0], {1, 0, 2}) && Same(joints[1], {3, 4, 5})) << "footers, then free nodes";
 }
 
-TEST(Trees, AreThirteenUnitWireFiguresWithFourBranchesAndAClosedSquareAroundTheTrunk) {
+TEST(Trees, AreThirteenUnitWireFiguresOfATrunkFourBranchesAndASquare) {
     const auto lines = TreeLines({10.0f, 1.0f, -4.0f});
     EXPECT_TRUE(Same(lines[0].from, {10, -4, -4}) && Same(lines[0].to, {10, 9, -4})) << "the trunk";
     const Vector3 ends[4] = {{13, 3, -1}, {13, 3, -7}, {7, 3, -7}, {7, 3, -1}};

@@ -1,5 +1,6 @@
 // The grid point under a world position (one rule, three clamps) and where grid points stand.
 #include "TerrainGrid.h"
+#include "SampleTrack.h"
 
 #include <gtest/gtest.h>
 
@@ -51,16 +52,15 @@ TEST(GridPointUnder, RoundsTwiceWithTiesToEvenAndClampsOnlyAsAsked) {
         << "a grid without points";
 }
 
-TEST(GridPointUnder, OverATerrainUsesItsHeightGridAndHeightUnderReadsTheNearestPoint) {
-    TerrainData t;
-    t.spacingX = t.spacingZ = 256.0f;
-    t.heights.Resize(5, 3); // column counts in the record are ignored
-    t.columns = t.rows = 99;
-    for (int row = 0; row < 3; ++row)
-        for (int column = 0; column < 5; ++column)
-            t.heights.At(row, column) = static_cast<float>(10 * row + column);
+TEST(GridPointUnder, OverATerrainCountsThePointsOfItsHeightGrid) {
+    TerrainData t = MakeNumberedTerrain(5, 3, 256.0f);
+    t.columns = t.rows = 99; // the counts in the record are ignored
     EXPECT_EQ(GridPointUnder(t, 1000.0f, 1000.0f, GridClamp::ToLastPoint), (GridPoint{4, 2}));
     EXPECT_EQ(GridPointUnder(t, 1000.0f, 1000.0f, GridClamp::OnePastLast), (GridPoint{5, 3}));
+}
+
+TEST(HeightUnder, ReadsTheNearestPointWithinTheGrid) {
+    const TerrainData t = MakeNumberedTerrain(5, 3, 256.0f);
     EXPECT_EQ(HeightUnder(t, -512.0f + 256.0f, -512.0f + 300.0f), 11.0f);
     EXPECT_EQ(HeightUnder(t, 5000.0f, -5000.0f), 4.0f) << "clamped to the last column and the first row";
     EXPECT_EQ(HeightUnder(TerrainData{}, 0.0f, 0.0f), 0.0f);

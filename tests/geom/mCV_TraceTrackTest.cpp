@@ -77,7 +77,7 @@ const TrackDocument kBunched = Track({Vertex({0, 0, 0}, kEast, 1, 0), Vertex({60
 
 } // namespace
 
-TEST(TraceTrack, FewerThanTwoVerticesGiveNoSpineAndTracingAgainLeavesNothingOfTheOldOne) {
+TEST(TraceTrack, FewerThanTwoVerticesGiveNoSpine) {
     TrackDocument doc;
     for (int vertices = 0; vertices < 2; ++vertices) {
         TrackSpine spine = Level();
@@ -86,6 +86,11 @@ TEST(TraceTrack, FewerThanTwoVerticesGiveNoSpineAndTracingAgainLeavesNothingOfTh
         doc.bezier.vertices.push_back(
             Vertex({300.0f + 10.0f * static_cast<float>(vertices), 40, 300}, kEast, 3, 3));
     }
+}
+
+TEST(TraceTrack, TracingAgainLeavesNothingOfTheOldSpine) {
+    const TrackDocument doc =
+        Track({Vertex({300.0f, 40, 300}, kEast, 3, 3), Vertex({310.0f, 40, 300}, kEast, 3, 3)});
     TrackSpine spine = Traced(MakeDemoTrack());
     ASSERT_TRUE(TraceTrack(doc, spine));
     ASSERT_EQ(spine.segments.size(), 1u);
@@ -94,7 +99,7 @@ TEST(TraceTrack, FewerThanTwoVerticesGiveNoSpineAndTracingAgainLeavesNothingOfTh
         EXPECT_GT(p.p2.x, 290.0f);
 }
 
-TEST(TraceTrack, AStraightStretchIsSampledEvenlyAndEasesItsBankSoPositiveRollLowersTheRightRail) {
+TEST(TraceTrack, AStraightStretchIsSampledEvenlyEasingItsBankSoPositiveRollLowersTheRightRail) {
     // Where a 40-unit stretch runs from (0, 10, 0), and which way is right of that.
     const std::pair<Vector3, Vector3> runs[] = {
         {{1, 0, 0}, {0, 0, 1}}, {{-1, 0, 0}, {0, 0, -1}}, {{0, 0, 1}, kWest}};
@@ -118,7 +123,7 @@ TEST(TraceTrack, AStraightStretchIsSampledEvenlyAndEasesItsBankSoPositiveRollLow
     }
 }
 
-TEST(TraceTrack, SegmentTypesFollowTheirStretchesAndMissingRecordsAreTrack) {
+TEST(TraceTrack, SegmentTypesFollowTheirStretchesWithMissingRecordsAsTrack) {
     TrackDocument doc = Track({Vertex({0, 5, 0}, kEast, 3, 3), Vertex({10, 5, 0}, kEast, 3, 3),
                                Vertex({20, 5, 0}, kEast, 3, 3), Vertex({30, 5, 0}, kEast, 3, 3)});
     doc.segments.segments.resize(2);
@@ -152,7 +157,7 @@ TEST(TraceSampling, PointsStayNearTheStepWhereverTheControlsLieWithinAMinimumAnd
             << "a stretch of length 0";
 }
 
-TEST(TrackStyles, EveryStylesRailsAndGuidelinesAreCarriedThroughTheFrame) {
+TEST(TrackStyles, EveryStylesRailsAreCarriedThroughTheFrame) {
     for (int style = -1; style <= kStyleCount; ++style) {
         const RailLayout& l = RailLayoutOf(style);
         const DrawnPoint p = Level(0.0f, 0.0f, style).drawnPoints.at(7);
@@ -162,7 +167,9 @@ TEST(TrackStyles, EveryStylesRailsAndGuidelinesAreCarriedThroughTheFrame) {
         for (const auto& [world, local] : pairs)
             EXPECT_NEAR(Distance(world, {14.0f, 10.0f + local.y, local.x}), 0.0, 1e-3) << style;
     }
-    // Guidelines start at the style's offset, carried through the frame.
+}
+
+TEST(TrackStyles, GuidelinesStartAtTheStylesOffsetCarriedThroughTheFrame) {
     Vector3 top;
     GuidelineTop(top, Level().segments[0].points[3], 2); // style 2 starts 0.6 above the heartline
     EXPECT_NEAR(Distance(top, {6.0f, 10.6f, 0.0f}), 0.0, 1e-4);
@@ -209,13 +216,18 @@ TEST(TraceDemo, TheCircuitClosesWithEveryRailPointNearItsHeartlineAndNoneUpsideD
     }
 }
 
-TEST(RailConnectors, LieOnTheCurveAtTheirParameterWhichIsClampedAndMissingStretchesFail) {
+TEST(RailConnectors, AMissingStretchOrParameterFailsLeavingTheOutputAlone) {
     const TrackSpine spine = Level();
     Vector3 at{7.0f, 7.0f, 7.0f};
     for (const auto& [stretch, parameter] :
          {std::pair{-1, 0.5f}, std::pair{1, 0.5f}, std::pair{0, std::numeric_limits<float>::quiet_NaN()}})
         EXPECT_FALSE(RailConnectorPosition(spine, stretch, parameter, at)) << stretch << " " << parameter;
-    EXPECT_EQ(Distance(at, {7.0f, 7.0f, 7.0f}), 0.0) << "a failed lookup leaves the output alone";
+    EXPECT_EQ(Distance(at, {7.0f, 7.0f, 7.0f}), 0.0);
+}
+
+TEST(RailConnectors, LieOnTheCurveAtTheirClampedParameter) {
+    const TrackSpine spine = Level();
+    Vector3 at;
     for (const auto& [parameter, x] : {std::pair{1.5f, 40.0f}, std::pair{-0.2f, 0.0f}}) {
         ASSERT_TRUE(RailConnectorPosition(spine, 0, parameter, at));
         EXPECT_LT(Distance(at, {x, 10.0f, 0.0f}), 1e-5) << parameter;

@@ -33,21 +33,28 @@ Matrix4 Counting() {
 
 } // namespace
 
-TEST(Angles, DegreesUseTheFifteenDigitPiAndAtan2MatchesTheLibraryOnAxesAndInEveryQuadrant) {
+TEST(Angles, DegreesUseTheFifteenDigitPi) {
     EXPECT_EQ(DegToRad(180.0), 3.14159265358979);
     EXPECT_NE(DegToRad(180.0), std::numbers::pi);
+}
+
+TEST(Angles, Atan2MatchesTheLibraryOnTheAxesAndInEveryQuadrant) {
     const double values[] = {-7.5, -1.0, -0.01, 0.0, 0.3, 1.0, 40.0};
     for (double y : values)
         for (double x : values)
             EXPECT_NEAR(Atan2(y, x), std::atan2(y, x), 1e-12) << "y=" << y << " x=" << x;
 }
 
-TEST(Vectors, SubtractRunsFromTheFirstPointCrossIsRightHandedAndNormalizeSparesZero) {
+TEST(Vectors, SubtractRunsFromTheFirstPointIntoAnyOperand) {
     Vector3 out, a{1.0f, 2.0f, 3.0f};
     VectorSubtract(out, {1.0f, 1.0f, 1.0f}, {3.0f, 2.0f, 1.0f});
     ExpectNear(out, {2.0f, 1.0f, 0.0f}, 0.0f);
     VectorSubtract(a, a, {0.0f, 0.0f, 0.0f}); // output may be an operand
     ExpectNear(a, {-1.0f, -2.0f, -3.0f}, 0.0f);
+}
+
+TEST(Vectors, CrossIsRightHandedAndNormalizeSparesZero) {
+    Vector3 out;
     CrossProduct(out, {0.0f, 0.0f, -1.0f}, {0.0f, 1.0f, 0.0f}); // forward x up = right
     ExpectNear(out, {1.0f, 0.0f, 0.0f}, 0.0f);
     Normalize(out, {0.0f, 0.0f, 0.0f});
@@ -111,15 +118,18 @@ TEST(Rotations, PositiveAnglesTurnCounterClockwiseSeenFromThePositiveAxis) {
     ExpectNear(Apply(r, {1.0f, 2.0f, 3.0f}), {-2.0f, 1.0f, 3.0f});
 }
 
-TEST(MatrixProduct, TheRightFactorActsFirstIdentityIsNeutralTheOutputMayBeAFactorAndSumsAreDouble) {
-    Matrix4 move, turn, product, identity;
+TEST(MatrixProduct, TheRightFactorActsFirst) {
+    Matrix4 move, turn, product;
     MatrixTranslate(move, 5.0f, 0.0f, 0.0f);
     MatrixRotateY(turn, kQuarterTurn);
     MatrixMultiply(product, move, turn);
     ExpectNear(Apply(product, {0.0f, 0.0f, -1.0f}), {4.0f, 0.0f, 0.0f});
     MatrixMultiply(product, turn, move);
     ExpectNear(Apply(product, {0.0f, 0.0f, -1.0f}), {-1.0f, 0.0f, -5.0f});
+}
 
+TEST(MatrixProduct, IdentityIsNeutralAndTheOutputMayBeAFactor) {
+    Matrix4 product, identity;
     const Matrix4 m = Counting();
     MatrixIdentity(identity);
     MatrixMultiply(product, identity, m);
@@ -131,6 +141,10 @@ TEST(MatrixProduct, TheRightFactorActsFirstIdentityIsNeutralTheOutputMayBeAFacto
     MatrixMultiply(aliased, aliased, aliased);
     EXPECT_EQ(aliased.m, product.m);
     EXPECT_EQ(product.At(3, 1), 12 * 1 + 13 * 5 + 14 * 9 + 15 * 13);
+}
+
+TEST(MatrixProduct, SumsAreTakenInDoublePrecision) {
+    Matrix4 product;
     // 1e8 + 1 - 1e8 is 0 when summed in single precision and 1 in double.
     Matrix4 a, b;
     a.m = {1e8f, 1.0f, -1e8f, 0.0f, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1.0f};

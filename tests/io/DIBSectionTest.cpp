@@ -35,7 +35,7 @@ double Mean(const cDIBSection& image) {
 
 } // namespace
 
-TEST(DIBSection, RowsArePaddedToFourBytesInMemoryAndPackedWithoutPadding) {
+TEST(DIBSection, RowsArePaddedToFourBytesInMemoryButPackedWithoutPadding) {
     for (int width = 1; width <= 9; ++width) {
         const int bytes = cDIBSection::ScanLineBytes(width);
         EXPECT_TRUE(bytes % 4 == 0 && bytes >= width * 3 && bytes < width * 3 + 4) << width << ": " << bytes;
@@ -48,7 +48,7 @@ TEST(DIBSection, RowsArePaddedToFourBytesInMemoryAndPackedWithoutPadding) {
     EXPECT_EQ(image.PackedBgr(), PixelsOf(image, 3));
 }
 
-TEST(DIBSection, CreateRefusesEmptyAndAbsurdSizesAndLeavesTheImageEmpty) {
+TEST(DIBSection, CreateRefusesEmptyOrAbsurdSizesLeavingTheImageEmpty) {
     cDIBSection image;
     for (auto [w, h] :
          std::vector<std::pair<int, int>>{{0, 5}, {5, 0}, {-1, 5}, {16385, 1}, {1, 16385}, {16384, 16384}}) {
@@ -62,7 +62,7 @@ TEST(DIBSection, CreateRefusesEmptyAndAbsurdSizesAndLeavesTheImageEmpty) {
     EXPECT_TRUE(image.IsEmpty() && image.Height() == 0);
 }
 
-TEST(DIBSection, RandomiseBitsFillsPixelsGrayOrColouredButNotPaddingAndSeedsRepeat) {
+TEST(DIBSection, RandomiseBitsFillsPixelsGrayOrColouredButNeverThePadding) {
     cDIBSection gray;
     ASSERT_TRUE(gray.Create(7, 6));
     RandomSource random(42);
@@ -87,9 +87,12 @@ TEST(DIBSection, RandomiseBitsFillsPixelsGrayOrColouredButNotPaddingAndSeedsRepe
     EXPECT_FALSE(SamePixels(MakePattern(9, 4, 1), MakePattern(9, 4, 2)));
 }
 
-TEST(Resample, SameSizeIsACopyUniformPicturesStayUniformAndGradientsStayMonotonicWithinTheirRange) {
+TEST(Resample, ToTheSameSizeIsACopy) {
     const cDIBSection pattern = MakePattern(17, 9, 31);
     EXPECT_TRUE(SamePixels(pattern.Resample(9, 17), pattern));
+}
+
+TEST(Resample, UniformPicturesStayUniformAndGradientsMonotonicWithinTheirRange) {
     // Blue rising from left to right, red rising from bottom to top, green uneven on purpose.
     const cDIBSection source = Painted(20, 16, [](int x, int row, int c) {
         return c == 0 ? 255 * x * x / (19 * 19) : c == 1 ? (x * 7 + row * 3) % 256 : 255 * row / 15;

@@ -25,7 +25,7 @@ Bytes Decoded(const Bytes& bytes) {
 
 } // namespace
 
-TEST(SaveTGA, WritesHeaderRowsBottomFirstAndOneTrailingZeroRefusesWhatItCannotWriteAndReplacesOldFiles) {
+TEST(SaveTGA, WritesTheHeaderThenTheRowsBottomFirstAndOneTrailingZero) {
     ScratchFolder folder;
     const cDIBSection image = MakePattern(3, 2, 5);
     std::string error;
@@ -37,7 +37,11 @@ TEST(SaveTGA, WritesHeaderRowsBottomFirstAndOneTrailingZeroRefusesWhatItCannotWr
         expected.insert(expected.end(), image.Row(row), image.Row(row) + 9);
     expected.push_back(0);
     EXPECT_EQ(ReadBytes(folder.File("p.tga")), expected);
-    // What it cannot write is refused with a reason; an old file is replaced whole.
+}
+
+TEST(SaveTGA, RefusesWhatItCannotWriteWithAReason) {
+    ScratchFolder folder;
+    std::string error;
     const Bytes rows(12, 7);
     EXPECT_FALSE(SaveTGA(folder.File("a.tga"), rows, 0, 1, error));
     EXPECT_FALSE(SaveTGA(folder.File("a.tga"), rows, 70000, 1, error));
@@ -45,6 +49,12 @@ TEST(SaveTGA, WritesHeaderRowsBottomFirstAndOneTrailingZeroRefusesWhatItCannotWr
     EXPECT_FALSE(error.empty() || FileExists(folder.File("a.tga")));
     error.clear();
     EXPECT_FALSE(SaveTGA(folder.File("missing/a.tga"), rows, 2, 2, error) || error.empty());
+}
+
+TEST(SaveTGA, ReplacesAnOldFileWhole) {
+    ScratchFolder folder;
+    std::string error;
+    const Bytes rows(12, 7);
     WriteBytes(folder.File("old.tga"), Bytes(500, 1));
     ASSERT_TRUE(SaveTGA(folder.File("old.tga"), rows, 2, 2, error)) << error;
     EXPECT_EQ(ReadBytes(folder.File("old.tga")).size(), 18u + 12u + 1u);
@@ -67,17 +77,24 @@ TEST(TargaReader, UncompressedRunLengthAnd32BitTwinsLoadToTheSamePixels) {
     EXPECT_LT(runs.size(), ReadBytes(folder.File("plain.tga")).size()) << "the runs really compress";
 }
 
-TEST(TargaReader, HonoursTopDownRowsSkipsTheIdentificationFieldAndStopsRunsAtThePicturesEnd) {
+TEST(TargaReader, HonoursTheTopDownFlag) {
     const cDIBSection original = MakePattern(4, 3, 8);
     Bytes topDown;
     for (int row = original.Height() - 1; row >= 0; --row)
         topDown.insert(topDown.end(), original.Row(row), original.Row(row) + 12);
     EXPECT_EQ(Decoded(Targa(2, 4, 3, 24, topDown, 0x20)), original.PackedBgr());
+}
+
+TEST(TargaReader, SkipsTheIdentificationField) {
+    const cDIBSection original = MakePattern(4, 3, 8);
     Bytes withId = Targa(2, 4, 3, 24, Bytes{'h', 'e', 'l', 'l', 'o'});
     withId[0] = 5;
     const Bytes pixels = PixelsOf(original, 3);
     withId.insert(withId.end(), pixels.begin(), pixels.end());
     EXPECT_EQ(Decoded(withId), original.PackedBgr());
+}
+
+TEST(TargaReader, StopsRunsAtThePicturesEnd) {
     // 3 x 1 pixels: one raw pixel, then a repeat packet of 10 where 2 are wanted; 2 x 1 pixels from
     // a raw packet of 5.
     EXPECT_EQ(Decoded(Targa(10, 3, 1, 24, {0, 1, 2, 3, 128 + 9, 9, 8, 7})),

@@ -72,7 +72,7 @@ TEST(TexturePicture, LoadsTheResolvedFileAndRefusesAbsoluteOrMissingPathsKeeping
     EXPECT_TRUE(SamePixels(loaded, kept)) << "a failed load leaves the picture alone";
 }
 
-TEST(TexturePath, ProgramFoldersAndNamesWithLettersBeyondAsciiResolveToTheirUtf8Files) {
+TEST(TexturePath, NamesBeyondAsciiResolveToTheirUtf8Files) {
     ScratchFolder scratch;
     for (const char* home : {"Z\u00fcrich", "\u041a\u0438\u0440\u0438\u043b\u043b\u0438\u0446\u0430"}) {
         const fs::path folder = scratch.Path() / home;

@@ -2,6 +2,16 @@
 
 #include "TrackChunks.h"
 
+TerrainData MakeNumberedTerrain(int columns, int rows, float spacing) {
+    TerrainData t;
+    t.spacingX = t.spacingZ = spacing;
+    t.heights.Resize(columns, rows);
+    for (int row = 0; row < rows; ++row)
+        for (int column = 0; column < columns; ++column)
+            t.heights.At(row, column) = static_cast<float>(10 * row + column);
+    return t;
+}
+
 TerrainData MakeSampleTerrain(int columns, int rows) {
     TerrainData t;
     t.columns = columns;

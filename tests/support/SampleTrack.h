@@ -9,3 +9,6 @@ TrackDocument MakeSampleTrack(int terrainColumns = 5, int terrainRows = 4);
 
 // A terrain of the given size with distinct heights and the default textures.
 TerrainData MakeSampleTerrain(int columns, int rows);
+
+// A terrain grid only: point (column, row) at height 10 * row + column, both spacings `spacing`.
+TerrainData MakeNumberedTerrain(int columns, int rows, float spacing);

@@ -37,7 +37,7 @@ protected:
 
 } // namespace
 
-TEST_F(HeldInputTest, AKeyReleasedInAMenuStopsTheCameraAndTheKeyAfterEscReachesTheView) {
+TEST_F(HeldInputTest, AKeyReleasedInAnOpenMenuCountsAsReleased) {
     StartLevel();
     QTest::keyPress(kKeyboard, Qt::Key_W);
     ASSERT_TRUE(window->tmrKeyboard->isActive());
@@ -55,12 +55,21 @@ TEST_F(HeldInputTest, AKeyReleasedInAMenuStopsTheCameraAndTheKeyAfterEscReachesT
     now += 0.040;
     window->KeyboardTick();
     EXPECT_EQ(Session().Camera().z, z) << "W counts as released";
+}
 
+TEST_F(HeldInputTest, TheFirstKeyAfterAMenuClosedByEscReachesTheView) {
+    StartLevel();
+    QMenuBar* bar = window->menuBar();
+    auto* file = Child<QMenu>(window.get(), "mnuFile");
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(file->menuAction()).center());
+    ASSERT_TRUE(WaitFor([&] { return file->isVisible(); }));
+    QTest::keyClick(kKeyboard, Qt::Key_Escape);
+    ASSERT_TRUE(WaitFor([&] { return !file->isVisible() && window->view->hasFocus(); }));
     QTest::keyClick(kKeyboard, Qt::Key_Space);
     EXPECT_TRUE(window->TerrainMode()) << "the first key after Esc reaches the view";
 }
 
-TEST_F(HeldInputTest, ControlReleasedInAnotherWindowNoLongerSlowsAndAHeldButtonIsLetGo) {
+TEST_F(HeldInputTest, ControlReleasedInAnotherWindowNoLongerSlows) {
     StartLevel();
     QTest::keyPress(kKeyboard, Qt::Key_Control);
     ShowOtherWindow([&] {
@@ -71,7 +80,10 @@ TEST_F(HeldInputTest, ControlReleasedInAnotherWindowNoLongerSlowsAndAHeldButtonI
     QTest::keyPress(kKeyboard, Qt::Key_W);
     QTest::keyRelease(kKeyboard, Qt::Key_W);
     EXPECT_NEAR(Session().Camera().z, z - 1.0f, 1e-4) << "a full step: Control is not held any more";
+}
 
+TEST_F(HeldInputTest, ButtonsHeldWhenAnotherWindowTakesOverAreLetGo) {
+    StartLevel();
     window->ViewMousePress(Qt::RightButton);
     ASSERT_TRUE(window->MouseCaptured() && window->tmrMouseMove->isActive());
     ShowOtherWindow([&] {
@@ -84,7 +96,8 @@ TEST_F(HeldInputTest, ControlReleasedInAnotherWindowNoLongerSlowsAndAHeldButtonI
     ShowOtherWindow([&] { EXPECT_FALSE(window->Sculpting()) << "the stroke ends with the lost button"; });
 }
 
-TEST_F(HeldInputTest, KeysAndButtonsFlyFiftyUnitsASecondWhateverTheTickAndALongGapDoesNotJump) {
+// The speeds themselves are the camera's; these check that the window steps by its clock.
+TEST_F(HeldInputTest, AHeldKeyFliesFiftyUnitsASecondOfTheClock) {
     StartLevel();
     QTest::keyPress(window->view, Qt::Key_W); // one nominal step at once
     for (int i = 0; i < 25; ++i) {            // then one second in ticks of 40 ms
@@ -93,8 +106,11 @@ TEST_F(HeldInputTest, KeysAndButtonsFlyFiftyUnitsASecondWhateverTheTickAndALongG
     }
     QTest::keyRelease(window->view, Qt::Key_W);
     EXPECT_NEAR(Session().Camera().z, -51.0f, 1e-3);
+}
 
-    QTest::keyPress(window->view, Qt::Key_Shift);
+TEST_F(HeldInputTest, ShiftMakesAHeldKeyFlyFiveTimesFaster) {
+    StartLevel();
+    QTest::keyPress(window->view, Qt::Key_Shift); // starts the ticks; S then waits for the next
     QTest::keyPress(window->view, Qt::Key_S);
     for (int i = 0; i < 10; ++i) {
         now += 0.040;
@@ -102,11 +118,11 @@ TEST_F(HeldInputTest, KeysAndButtonsFlyFiftyUnitsASecondWhateverTheTickAndALongG
     }
     QTest::keyRelease(window->view, Qt::Key_S);
     QTest::keyRelease(window->view, Qt::Key_Shift);
-    EXPECT_NEAR(Session().Camera().z, -51.0f + 100.0f, 1e-3) << "Shift: 250 units a second";
+    EXPECT_NEAR(Session().Camera().z, 100.0f, 1e-3) << "250 units a second";
+}
 
-    CameraState camera = Session().Camera();
-    camera.z = 0.0f;
-    Session().SetCamera(camera);
+TEST_F(HeldInputTest, ARightButtonFliesByTheClockAndALongGapCountsAsAQuarterSecond) {
+    StartLevel();
     window->ViewMousePress(Qt::RightButton);
     window->MouseMoveTick(); // the first tick stands for one nominal tick
     for (int i = 0; i < 10; ++i) {
@@ -117,17 +133,4 @@ TEST_F(HeldInputTest, KeysAndButtonsFlyFiftyUnitsASecondWhateverTheTickAndALongG
     window->MouseMoveTick();
     window->ViewMouseRelease(Qt::NoButton);
     EXPECT_NEAR(Session().Camera().z, -(1.0f + 20.0f + 12.5f), 1e-3);
-}
-
-TEST_F(HeldInputTest, MouseLookStopsAtStraightUpAndStraightDown) {
-    StartLevel();
-    window->ViewMousePress(Qt::LeftButton);
-    window->ViewMouseDelta(40, -1000);
-    EXPECT_EQ(Session().Camera().pitch, 90.0f);
-    EXPECT_EQ(Session().Camera().yaw, -10.0f);
-    window->ViewMouseDelta(0, 2000);
-    EXPECT_EQ(Session().Camera().pitch, -90.0f);
-    window->ViewMouseDelta(0, -40);
-    EXPECT_EQ(Session().Camera().pitch, -80.0f);
-    window->ViewMouseRelease(Qt::NoButton);
 }

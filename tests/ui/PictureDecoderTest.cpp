@@ -48,31 +48,41 @@ int LargestDifference(const QImage& picture, const cDIBSection& image) {
 
 } // namespace
 
-TEST(PictureDecoder, BitmapsAndGifsLoadExactlyJpegsCloselyAndUnreadableFilesChangeNothing) {
-    InstallQtPictureDecoder();
+class QtPictureDecoderTest : public ::testing::Test {
+protected:
     ScratchFolder folder;
-    QImage smooth(64, 48, QImage::Format_RGB32);
-    for (int y = 0; y < 48; ++y)
-        for (int x = 0; x < 64; ++x)
-            smooth.setPixel(x, y, qRgb(4 * x, 5 * y, 128 + x - y));
+    QImage smooth{64, 48, QImage::Format_RGB32};
+
+    void SetUp() override {
+        InstallQtPictureDecoder();
+        for (int y = 0; y < 48; ++y)
+            for (int x = 0; x < 64; ++x)
+                smooth.setPixel(x, y, qRgb(4 * x, 5 * y, 128 + x - y));
+        ASSERT_TRUE(Distinct(5, 4).save(QString::fromStdString(folder.File("distinct.BMP")), "BMP"));
+        WriteBytes(folder.File("distinct.gif"), kDistinctGif);
+        ASSERT_TRUE(smooth.save(QString::fromStdString(folder.File("smooth.jpg")), nullptr, 95));
+    }
+};
+
+TEST_F(QtPictureDecoderTest, BitmapsAndGifsLoadExactlyJpegsClosely) {
     const std::tuple<const char*, QImage, int> cases[] = {
         {"distinct.BMP", Distinct(5, 4), 0}, // 15-byte rows: padded in the loaded image
         {"distinct.gif", Distinct(3, 2), 0},
         {"smooth.jpg", smooth, 12}};
-    ASSERT_TRUE(Distinct(5, 4).save(QString::fromStdString(folder.File("distinct.BMP")), "BMP"));
-    WriteBytes(folder.File("distinct.gif"), kDistinctGif);
-    ASSERT_TRUE(smooth.save(QString::fromStdString(folder.File("smooth.jpg")), nullptr, 95));
     cDIBSection image;
     for (const auto& [name, picture, tolerance] : cases) {
         ASSERT_TRUE(LoadPictureFile(folder.File(name), image)) << name;
         ASSERT_EQ(QSize(image.Width(), image.Height()), picture.size()) << name;
         EXPECT_LE(LargestDifference(picture, image), tolerance) << name;
     }
+}
 
+TEST_F(QtPictureDecoderTest, AnUnreadableFileLeavesThePictureAsItWas) {
     WriteText(folder.File("text.jpg"), "not a picture at all");
     std::vector<std::uint8_t> cut = ReadBytes(folder.File("distinct.BMP"));
     cut.resize(40);
     WriteBytes(folder.File("cut.bmp"), cut);
+    cDIBSection image;
     ASSERT_TRUE(LoadPictureFile(folder.File("distinct.gif"), image));
     for (const char* name : {"text.jpg", "cut.bmp", "absent.gif"}) {
         EXPECT_FALSE(LoadPictureFile(folder.File(name), image)) << name;

@@ -93,7 +93,7 @@ protected:
 
 } // namespace
 
-TEST_F(RenderSceneTest, TheSkyIsLightAtTheHorizonDeepensUpwardsAndFollowsThePitch) {
+TEST_F(RenderSceneTest, TheSkyIsLightAtTheHorizonDeeperAboveAndFollowsThePitch) {
     Change([](AppSettings& s) { s.viewSkybox = true; });
     CameraState camera{0.0f, 10.0f, 0.0f, 0.0f, 0.0f, 0.0f}; // level: the horizon across the middle
     editor.SetCamera(camera);
@@ -114,9 +114,12 @@ TEST_F(RenderSceneTest, TheSkyIsLightAtTheHorizonDeepensUpwardsAndFollowsThePitc
     EXPECT_LT(Frame().pixelColor(160, 120).blueF(), 0.5);
 }
 
-TEST_F(RenderSceneTest, TrackBrushAndWaterShowInTheirColoursWhereTheyAreAndLightShadesSlopes) {
-    QImage frame = Frame();
-    EXPECT_EQ(FindNear(frame, Qt::black, 0), frame.width() * frame.height()) << "an empty scene";
+TEST_F(RenderSceneTest, AnEmptySceneIsBlack) {
+    const QImage frame = Frame();
+    EXPECT_EQ(FindNear(frame, Qt::black, 0), frame.width() * frame.height());
+}
+
+TEST_F(RenderSceneTest, EachStretchTypeShowsInItsColourUntilTheTrackIsHidden) {
     // Five stretches along x, one of each type, seen from above.
     TrackDocument track = MakeSampleTrack();
     track.terrain.terrainInTrack = false;
@@ -133,19 +136,21 @@ TEST_F(RenderSceneTest, TrackBrushAndWaterShowInTheirColoursWhereTheyAreAndLight
     ASSERT_TRUE(editor.Terrain().trackPresent);
     Change([](AppSettings& s) { s.viewSupports = s.viewTrees = false; });
     editor.SetCamera({0.0f, 160.0f, 0.0f, -90.0f, 0.0f, 0.0f});
-    frame = Frame();
+    const QImage frame = Frame();
     for (std::size_t type = 0; type < 5; ++type)
         EXPECT_GT(FindNear(frame, Colour(type), 8), 5) << type;
     editor.SetViewSwitch(ViewSwitch::Track, false);
     EXPECT_EQ(FindNear(Frame(), Colour(2), 8), 0);
+}
 
+TEST_F(RenderSceneTest, TheBrushHighlightIsCentredOnTheCursorMarker) {
     // Six by six highlighted cells centred where the cursor marker's lines cross, to within a third
     // of a cell; the cursor is a little east (right) and towards +z (down) of the middle.
     Terrain(101, false, [](int) { return 0.0f; });
     editor.MoveCursorTo(5.0f, 5.0f);
     editor.SetSculptSize(3);
     Change([](AppSettings& s) { s.colorTable[8] = {0.0f, 0.0f, 1.0f}; });
-    frame = Frame();
+    const QImage frame = Frame();
     double sumX = 0, sumY = 0;
     std::vector<int> columns(static_cast<std::size_t>(frame.width())),
         rows(static_cast<std::size_t>(frame.height()));
@@ -160,9 +165,9 @@ TEST_F(RenderSceneTest, TrackBrushAndWaterShowInTheirColoursWhereTheyAreAndLight
     EXPECT_TRUE(peak(columns) > 160 && peak(rows) > 120);
     EXPECT_NEAR(sumX / n, peak(columns), 3.0);
     EXPECT_NEAR(sumY / n, peak(rows), 3.0);
+}
 
-    // Water blends with the ground below it, unless turned off, and leaves ground above it alone.
-    editor.SetSculptSize(0);
+TEST_F(RenderSceneTest, WaterBlendsWithTheGroundBelowItUnlessTurnedOff) {
     Change([](AppSettings& s) { s.waterTrans = 0.5f; });
     const QColor ground = Colour(9), water = Colour(10);
     const QColor half((ground.red() + water.red()) / 2, (ground.green() + water.green()) / 2,
@@ -175,8 +180,9 @@ TEST_F(RenderSceneTest, TrackBrushAndWaterShowInTheirColoursWhereTheyAreAndLight
         Terrain(51, true, [&](int) { return height; });
         EXPECT_TRUE(Near(Pixel(90, 170), seen, 4)) << Pixel(90, 170).name().toStdString();
     }
+}
 
-    // Light shades a ridge's slopes differently.
+TEST_F(RenderSceneTest, LightShadesTheSlopeFacingItBrighter) {
     Terrain(65, false,
             [](int column) { return static_cast<float>(column < 32 ? column : 64 - column) * 6.0f; });
     editor.MoveCursorTo(400.0f, 400.0f);
@@ -213,8 +219,14 @@ protected:
     }
 };
 
-TEST_F(VisibleBlocksTest, TheGroundIsTheSameFromEveryPoseInEveryLookAndAfterASculptStep) {
-    const CameraState start = editor.Camera(), overview{0.0f, 330.0f, 480.0f, -38.0f, 0.0f, 0.0f};
+namespace {
+
+const CameraState kOverview{0.0f, 330.0f, 480.0f, -38.0f, 0.0f, 0.0f};
+
+} // namespace
+
+TEST_F(VisibleBlocksTest, TheGroundIsTheSameFromEveryPoseInEveryLook) {
+    const CameraState start = editor.Camera(), overview = kOverview;
     for (const CameraState& pose :
          {start, overview, CameraState{-300.0f, 40.0f, 100.0f, -10.0f, 135.0f, 0.0f},
           CameraState{100.0f, 60.0f, -200.0f, -89.0f, 10.0f, 0.0f}})
@@ -231,8 +243,12 @@ TEST_F(VisibleBlocksTest, TheGroundIsTheSameFromEveryPoseInEveryLookAndAfterAScu
                 << "ground in view";
         }
     EXPECT_NE(view.ViewState().terrainTexture, 0u);
-    // The clipped scene area and the brush are in view, and so is the edit.
-    editor.SetCamera(overview);
+}
+
+TEST_F(VisibleBlocksTest, ClippingTheBrushAndAnEditShowTheSameBothWays) {
+    const CameraState start = editor.Camera();
+    editor.SetCamera(kOverview);
+    editor.SetViewSwitch(ViewSwitch::ClipTerrain, true);
     const QImage clipped = WithBrush(0);
     editor.SetViewSwitch(ViewSwitch::ClipTerrain, false);
     EXPECT_NE(WithBrush(0), clipped);

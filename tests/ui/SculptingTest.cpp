@@ -33,16 +33,18 @@ protected:
 
 } // namespace
 
-TEST_F(SculptingTest, DragsLookOrSculptInOneStepEachAndTheEditingKeysActOnTheAreaUnderTheCursor) {
+TEST_F(SculptingTest, ACameraModeDragLooksAndLeavesTheTerrainAlone) {
     StartOnDemo();
-    shell.answers.push_back(Answer::No);
-    window->mnuReset->trigger();
-    EXPECT_FALSE(window->mnuUndo->isEnabled()) << "a refused reset leaves nothing to undo";
     const HeightGrid before = Session().Terrain().heights;
     DragInView(-10, 3);
-    EXPECT_EQ(Session().Terrain().heights, before) << "camera mode leaves the terrain alone";
+    EXPECT_EQ(Session().Terrain().heights, before);
     EXPECT_EQ(Session().History().UndoCount(), 0);
     EXPECT_GT(Session().Camera().pitch, 0.0f) << "and looks up";
+}
+
+TEST_F(SculptingTest, ATerrainModeDragIsOneUndoStepThatZUndoesAndXRedoes) {
+    StartOnDemo();
+    const HeightGrid before = Session().Terrain().heights;
     const float start = HeightUnderCursor();
     window->SetTerrainMode(true);
     Session().SetSculptMode(SculptMode::Absolute);
@@ -59,14 +61,12 @@ TEST_F(SculptingTest, DragsLookOrSculptInOneStepEachAndTheEditingKeysActOnTheAre
     EXPECT_TRUE(window->mnuRedo->isEnabled());
     QTest::keyClick(window->view, Qt::Key_X);
     EXPECT_NEAR(HeightUnderCursor(), std::min(start + 5.0f, 150.0f), 1e-3) << "X redoes the first stroke";
+}
 
+TEST_F(SculptingTest, TheAreaKeysRunTheirOwnOperationOnTheAreaUnderTheCursor) {
+    StartOnDemo();
     Session().SetSculptSize(3);
-    const HeightGrid area = Session().Terrain().heights;
-    QTest::keyClick(window->view, Qt::Key_F);
-    EXPECT_NE(Session().Terrain().heights, area);
-    QTest::keyClick(window->view, Qt::Key_F);
-    EXPECT_EQ(Session().Terrain().heights, area) << "flipping twice restores the area";
-    // Each key runs its own operation: the heights match the command's on the same area.
+    // Each key's heights match its command's on the same area.
     for (const auto& [key, command] :
          {std::pair{Qt::Key_F, &Editor::FlipArea}, std::pair{Qt::Key_M, &Editor::MirrorArea},
           std::pair{Qt::Key_I, &Editor::InvertArea}}) {
@@ -76,20 +76,25 @@ TEST_F(SculptingTest, DragsLookOrSculptInOneStepEachAndTheEditingKeysActOnTheAre
         QTest::keyClick(window->view, key);
         EXPECT_EQ(Session().Terrain().heights, expected) << QKeySequence(key).toString().toStdString();
     }
-    EXPECT_EQ(Session().History().UndoCount(), 6)
-        << "one step for each stroke and key after the redone stroke";
+    EXPECT_EQ(Session().History().UndoCount(), 3) << "one step per key";
+}
+
+TEST_F(SculptingTest, CCopiesTheAreaAndVPastesItBack) {
+    StartOnDemo();
+    Session().SetSculptSize(3);
     EXPECT_FALSE(window->mnuPaste->isEnabled());
     QTest::keyClick(window->view, Qt::Key_C);
     EXPECT_TRUE(window->mnuPaste->isEnabled());
+    EXPECT_EQ(Session().History().UndoCount(), 0) << "a copy is no edit";
+    const HeightGrid hill = Session().Terrain().heights;
     window->mnuFlattenToGround->trigger();
-    const float flat = Session().Terrain().waterEnabled ? 0.5f : 0.0f;
-    EXPECT_EQ(HeightUnderCursor(), flat);
+    ASSERT_NE(Session().Terrain().heights, hill);
     QTest::keyClick(window->view, Qt::Key_V);
-    EXPECT_NE(HeightUnderCursor(), flat) << "the copied hill is back";
-    EXPECT_EQ(Session().History().UndoCount(), 8);
+    EXPECT_EQ(Session().Terrain().heights, hill) << "the copied hill is back";
+    EXPECT_EQ(Session().History().UndoCount(), 2);
 }
 
-TEST_F(SculptingTest, MenusBarKeysAndTheNextStartKeepTheSculptSettingsInStep) {
+TEST_F(SculptingTest, TheModeMenuTheBarAndTheRKeyAgree) {
     StartOnDemo();
     window->mnuSculptMode[1]->trigger();
     EXPECT_EQ(Session().Settings().sculptMode, 1);
@@ -100,7 +105,10 @@ TEST_F(SculptingTest, MenusBarKeysAndTheNextStartKeepTheSculptSettingsInStep) {
     QTest::keyClick(window->view, Qt::Key_R);
     EXPECT_EQ(Session().Settings().sculptMode, 1) << "R toggles the mode";
     EXPECT_TRUE(window->mnuSculptMode[1]->isChecked());
+}
 
+TEST_F(SculptingTest, TheSizeMenuTheBarTheSliderAndTheDigitKeysAgree) {
+    StartOnDemo();
     QTest::keyClick(window->view, Qt::Key_6);
     EXPECT_EQ(Session().Settings().sculptSize, 5);
     EXPECT_TRUE(window->optSize[5]->isChecked());
@@ -116,7 +124,13 @@ TEST_F(SculptingTest, MenusBarKeysAndTheNextStartKeepTheSculptSettingsInStep) {
     window->mnuSculptSize[6]->trigger();
     EXPECT_EQ(Session().Settings().sculptSize, 13) << "Custom takes the slider's radius";
     EXPECT_TRUE(window->optSize[6]->isChecked());
+}
 
+TEST_F(SculptingTest, TheNextStartShowsTheSculptSettingsLeft) {
+    StartOnDemo();
+    window->mnuSculptMode[1]->trigger();
+    window->hsSculptSize->setValue(13);
+    window->mnuSculptSize[6]->trigger();
     window->close(); // writes the settings file
     Restart();
     ASSERT_TRUE(window->Startup(""));
@@ -126,13 +140,12 @@ TEST_F(SculptingTest, MenusBarKeysAndTheNextStartKeepTheSculptSettingsInStep) {
     EXPECT_EQ(window->hsSculptSize->value(), 13);
 }
 
-TEST_F(SculptingTest, TheFilterAndAdjustHeightDialogsApplyWhatTheirControlsSayAndRefuseOrCancelCleanly) {
+TEST_F(SculptingTest, TheFilterDialogShowsPresetsTakesOnlyDigitsAndSumsTheAutomaticFactor) {
     StartOnDemo();
     frmFilter dialog(Session(), window.get());
     EXPECT_EQ(dialog.Matrix(), PresetMatrix(0)) << "opens on Soften Sharp Edges";
     dialog.lstPresets->setCurrentRow(5);
     EXPECT_EQ(dialog.Matrix(), PresetMatrix(5));
-
     QLineEdit* entry = dialog.txtMatrix[4];
     entry->clear();
     QTest::keyClicks(entry, "a1b2-");
@@ -141,15 +154,25 @@ TEST_F(SculptingTest, TheFilterAndAdjustHeightDialogsApplyWhatTheirControlsSayAn
     EXPECT_FALSE(dialog.txtFactor->isEnabled());
     entry->setText("4");
     EXPECT_EQ(dialog.txtFactor->text(), "0") << "the sum of the entries";
+}
 
+TEST_F(SculptingTest, TheFilterDialogStaysOpenOnAZeroFactorAndChangesNothing) {
+    StartOnDemo();
+    frmFilter dialog(Session(), window.get());
+    dialog.chkAutoFactor->setChecked(false);
+    dialog.txtFactor->setText("0");
     const HeightGrid before = Session().Terrain().heights;
     dialog.btnMain[0]->click();
     EXPECT_EQ(shell.messages.size(), 1u);
-    EXPECT_EQ(dialog.result(), 0) << "the dialog stays open";
+    EXPECT_EQ(dialog.result(), 0);
     EXPECT_EQ(Session().Terrain().heights, before);
     EXPECT_FALSE(window->mnuUndo->isEnabled());
+}
 
-    dialog.chkAutoFactor->setChecked(false);
+TEST_F(SculptingTest, TheFilterAppliesAroundTheCursorOrByDoubleClickOverTheWholeTerrain) {
+    StartOnDemo();
+    const HeightGrid before = Session().Terrain().heights;
+    frmFilter dialog(Session(), window.get());
     dialog.chkEffectArea->setChecked(true);
     dialog.lstPresets->setCurrentRow(3); // raise features, only around the cursor
     dialog.btnMain[0]->click();
@@ -164,25 +187,32 @@ TEST_F(SculptingTest, TheFilterAndAdjustHeightDialogsApplyWhatTheirControlsSayAn
     again.chkEffectArea->setChecked(false);
     again.lstPresets->setCurrentRow(4);
     emit again.lstPresets->itemDoubleClicked(again.lstPresets->item(4));
-    EXPECT_EQ(again.result(), QDialog::Accepted) << "a double-click applies the preset";
+    EXPECT_EQ(again.result(), QDialog::Accepted);
     EXPECT_FLOAT_EQ(after.At(100, 3), std::max(-10.0f, filtered.At(100, 3) * 2.0f / 3.0f))
         << "lower features: 2/3, over the whole terrain";
     EXPECT_EQ(Session().History().UndoCount(), 2);
+}
 
-    const HeightGrid twice = after;
-    {
-        frmAdjustHeight cancelled(Session(), window.get());
-        cancelled.txtHeight->setText("7");
-        cancelled.optMode[2]->setChecked(true);
-        cancelled.btnCancel->click();
-    }
-    EXPECT_EQ(Session().Terrain().heights, twice);
+TEST_F(SculptingTest, AdjustHeightCancelledChangesNothing) {
+    StartOnDemo();
+    const HeightGrid before = Session().Terrain().heights;
+    frmAdjustHeight cancelled(Session(), window.get());
+    cancelled.txtHeight->setText("7");
+    cancelled.optMode[2]->setChecked(true);
+    cancelled.btnCancel->click();
+    EXPECT_EQ(Session().Terrain().heights, before);
+    EXPECT_EQ(Session().History().UndoCount(), 0);
+}
+
+TEST_F(SculptingTest, AdjustHeightLowersByTheTypedDigits) {
+    StartOnDemo();
+    const HeightGrid before = Session().Terrain().heights;
     frmAdjustHeight adjust(Session(), window.get());
     adjust.txtHeight->clear();
     QTest::keyClicks(adjust.txtHeight, "2x5");
     EXPECT_EQ(adjust.txtHeight->text(), "25") << "letters cannot be typed";
     adjust.optMode[1]->setChecked(true);
     adjust.btnOkay->click();
-    EXPECT_EQ(after.At(10, 10), std::max(twice.At(10, 10) - 25.0f, -10.0f)) << "lowered by 25";
-    EXPECT_EQ(Session().History().UndoCount(), 3);
+    EXPECT_EQ(Session().Terrain().heights.At(10, 10), std::max(before.At(10, 10) - 25.0f, -10.0f));
+    EXPECT_EQ(Session().History().UndoCount(), 1);
 }

@@ -1,6 +1,6 @@
 // What the window tells a new user: the hint over the empty view, the status bar's mode help,
 // brush size and height under the cursor, every key listed in the shortcut dialog, the usual
-// editing keys, the tools that cannot be chosen, and the recent files' paths as tool tips.
+// editing keys and the tools that cannot be chosen.
 #include "MainWindowFixture.h"
 
 #include "frmKeyboardShortcuts.h"
@@ -10,16 +10,23 @@
 
 #include <filesystem>
 
-TEST_F(MainWindowTest, TheEmptyViewSaysHowToBeginAndTheStatusBarFollowsModeBrushAndHeight) {
+TEST_F(MainWindowTest, TheEmptyViewSaysHowToBeginUntilThereIsSomethingToShow) {
     ASSERT_TRUE(window->Startup(""));
     EXPECT_TRUE(window->lblEmptyHint->isVisible());
     EXPECT_TRUE(window->lblEmptyHint->text().contains("File > Open"));
     EXPECT_TRUE(window->lblEmptyHint->text().contains("Terrain > New"));
     EXPECT_EQ(window->lblStatusHeight->text(), "Height: no terrain");
-    EXPECT_TRUE(window->lblStatusMode->text().startsWith("Camera Move Mode: left-drag looks around"));
-
     Session().OpenTrack(DemoTrack());
     EXPECT_FALSE(window->lblEmptyHint->isVisible()) << "a track is open";
+    shell.answers = {Answer::Yes, Answer::Yes};
+    window->mnuDeleteTerrain->trigger();
+    window->mnuRemoveTrack->trigger();
+    EXPECT_TRUE(window->lblEmptyHint->isVisible()) << "nothing left to show";
+}
+
+TEST_F(MainWindowTest, TheStatusBarExplainsTheModeAndTheBrushSize) {
+    StartOnDemo();
+    EXPECT_TRUE(window->lblStatusMode->text().startsWith("Camera Move Mode: left-drag looks around"));
     QTest::keyClick(window->view, Qt::Key_Space);
     EXPECT_EQ(window->lblStatusMode->text(),
               "Terrain Edit Mode: left-drag raises or lowers, right-drag moves "
@@ -28,7 +35,10 @@ TEST_F(MainWindowTest, TheEmptyViewSaysHowToBeginAndTheStatusBarFollowsModeBrush
     EXPECT_EQ(window->lblStatusBrush->text(), "Brush radius 3 (7 x 7)");
     window->hsSculptSize->setValue(13);
     EXPECT_EQ(window->lblStatusBrush->text(), "Brush radius 13 (27 x 27)");
+}
 
+TEST_F(MainWindowTest, TheStatusBarHeightFollowsTheCursorAndTheSculpting) {
+    StartOnDemo();
     // West of x = 0 the ground is at 12.5, east of it at 30.25.
     Session().RunEdit([](TerrainData& terrain) {
         for (int row = 0; row < terrain.heights.Rows(); ++row)
@@ -36,6 +46,7 @@ TEST_F(MainWindowTest, TheEmptyViewSaysHowToBeginAndTheStatusBarFollowsModeBrush
                 terrain.heights.At(row, column) = column < terrain.heights.Columns() / 2 ? 12.5f : 30.25f;
         return GridRect::Whole();
     });
+    window->SetTerrainMode(true);
     Session().SetSculptMode(SculptMode::Absolute);
     Session().SetSculptSize(0);
     CameraState camera = Session().Camera();
@@ -52,22 +63,15 @@ TEST_F(MainWindowTest, TheEmptyViewSaysHowToBeginAndTheStatusBarFollowsModeBrush
     window->ViewMouseDelta(0, -20); // two units up in absolute mode
     EXPECT_EQ(window->lblStatusHeight->text(), "Height: 32.25") << "follows the sculpting";
     window->ViewMouseRelease(Qt::NoButton);
-
-    shell.answers = {Answer::Yes, Answer::Yes};
-    window->mnuDeleteTerrain->trigger();
-    window->mnuRemoveTrack->trigger();
-    EXPECT_TRUE(window->lblEmptyHint->isVisible()) << "nothing left to show";
 }
 
-TEST_F(MainWindowTest, TheUsualEditingKeysWorkBesideTheSingleKeysAndTheShortcutListNamesEveryKey) {
+TEST_F(MainWindowTest, TheUsualControlKeysUndoRedoCopyPasteAndSave) {
     const std::string track = home.File("edit.cvtrack");
     std::filesystem::copy_file(DemoTrack(), track);
     ASSERT_TRUE(window->Startup(QString::fromStdString(track)));
     Session().MoveCursorTo(40.0f, -60.0f);
     Activate();
     window->view->setFocus();
-    EXPECT_EQ(window->mnuUndo->shortcut(), QKeySequence(Qt::Key_Z)) << "the menu shows the single key";
-    EXPECT_EQ(window->mnuSave->shortcut(), QKeySequence(Qt::Key_F2));
     Session().SetSculptSize(2);
     Session().SetSculptMode(SculptMode::Absolute);
     const HeightGrid before = Session().Terrain().heights;
@@ -90,22 +94,23 @@ TEST_F(MainWindowTest, TheUsualEditingKeysWorkBesideTheSingleKeysAndTheShortcutL
     QTest::keyClick(kKeyboard, Qt::Key_S, Qt::ControlModifier);
     EXPECT_FALSE(Session().Terrain().terrainChanged) << "Ctrl+S saves";
     EXPECT_NE(ReadText(track), ReadText(DemoTrack())) << "with the pasted heights";
-    for (QAction* action : window->findChildren<QAction*>())
-        EXPECT_TRUE(action->shortcuts().isEmpty() || !action->autoRepeat())
-            << action->objectName().toStdString();
+}
 
-    // Every key of every menu entry appears in the dialog's key column.
+TEST_F(MainWindowTest, NoMenuKeyRepeatsWhileHeldAndTheShortcutListNamesEveryOne) {
     frmKeyboardShortcuts dialog(window.get());
     QStringList listed;
     for (int row = 0; row < dialog.lstShortcuts->rowCount(); ++row)
         listed << dialog.lstShortcuts->item(row, 0)->text().split(' ', Qt::SkipEmptyParts);
-    for (QAction* action : window->findChildren<QAction*>())
+    for (QAction* action : window->findChildren<QAction*>()) {
+        EXPECT_TRUE(action->shortcuts().isEmpty() || !action->autoRepeat())
+            << action->objectName().toStdString();
         for (const QKeySequence& key : action->shortcuts())
             EXPECT_TRUE(listed.contains(key.toString())) << key.toString().toStdString();
+    }
 }
 
-TEST_F(MainWindowTest, ToolsThatChangeNothingCannotBeChosenAndRecentFilesShowTheirPath) {
-    WriteText(home.File("CorvantaLandwright.ini"), "[General]\r\nRmbrTools=True\r\nRmbrRecents=True\r\n"
+TEST_F(MainWindowTest, ToolsThatChangeNothingCannotBeChosenNorComeBackFromTheSettings) {
+    WriteText(home.File("CorvantaLandwright.ini"), "[General]\r\nRmbrTools=True\r\n"
                                                    "[Tools]\r\nSculptTool=2\r\nSculptSize=3\r\n");
     ASSERT_TRUE(window->Startup(QString::fromStdString(DemoTrack())));
     EXPECT_EQ(Session().Settings().sculptTool, 0) << "a stored curve tool falls back to the square tool";
@@ -117,7 +122,4 @@ TEST_F(MainWindowTest, ToolsThatChangeNothingCannotBeChosenAndRecentFilesShowThe
         window->mnuSculptTool[i]->trigger();
         EXPECT_EQ(Session().Settings().sculptTool, 0);
     }
-
-    EXPECT_TRUE(Child<QMenu>(window.get(), "mnuFile")->toolTipsVisible());
-    EXPECT_EQ(window->mnuRecent[0]->toolTip(), QString::fromStdString(DemoTrack()));
 }

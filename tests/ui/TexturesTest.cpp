@@ -11,6 +11,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -29,18 +30,36 @@ double LineDifference(const cDIBSection& image, int a, int b, bool columns) {
     return sum / (3.0 * length);
 }
 
+struct Painted {
+    std::string path;
+    const TextureEntry& entry;
+    cDIBSection image;
+};
+
+// Every texture the build paints, loaded; a missing or unreadable one fails the test.
+std::vector<Painted> LoadAll() {
+    InstallQtPictureDecoder();
+    std::vector<Painted> all;
+    for (const TextureEntry& entry : kTextures) {
+        Painted p{std::string(LW_BIN_DIR) + "/teratextures/" + std::string(entry.fileName), entry, {}};
+        EXPECT_TRUE(FileExists(p.path)) << p.path << " (built by the textures target)";
+        EXPECT_TRUE(LoadPictureFile(p.path, p.image)) << p.path;
+        all.push_back(std::move(p));
+    }
+    return all;
+}
+
 } // namespace
 
-TEST(Textures, EveryOneLoadsAtItsSizeIsNotFlatTilesWithoutASeamDetailIsGrayAndTheDefaultsResolve) {
-    InstallQtPictureDecoder();
-    for (const TextureEntry& entry : kTextures) {
-        const std::string path = std::string(LW_BIN_DIR) + "/teratextures/" + std::string(entry.fileName);
-        ASSERT_TRUE(FileExists(path)) << path << " (built by the textures target)";
-        cDIBSection image;
-        ASSERT_TRUE(LoadPictureFile(path, image)) << path;
+TEST(Textures, EveryOneLoadsAtItsSize) {
+    for (const Painted& p : LoadAll())
+        EXPECT_TRUE(p.image.Width() == p.entry.size && p.image.Height() == p.entry.size) << p.path;
+}
+
+TEST(Textures, NoneIsFlatAndDetailTexturesAreGray) {
+    for (const Painted& p : LoadAll()) {
+        const cDIBSection& image = p.image;
         const int side = image.Width();
-        EXPECT_EQ(side, entry.size) << path;
-        EXPECT_EQ(image.Height(), entry.size) << path;
         double sum = 0, squares = 0;
         int colourful = 0;
         for (int y = 0; y < side; ++y)
@@ -50,26 +69,35 @@ TEST(Textures, EveryOneLoadsAtItsSizeIsNotFlatTilesWithoutASeamDetailIsGrayAndTh
                 colourful += std::abs(Channel(image, x, y, 0) - Channel(image, x, y, 2)) > 8;
             }
         const double count = 3.0 * side * side, mean = sum / count;
-        EXPECT_GT(std::sqrt(squares / count - mean * mean), 4.0) << path << " is nearly flat";
-        if (entry.kind == TextureKind::Detail) {
-            EXPECT_NEAR(mean, 127.5, 8.0) << path;
-            EXPECT_LT(colourful, side * side / 100) << path;
+        EXPECT_GT(std::sqrt(squares / count - mean * mean), 4.0) << p.path << " is nearly flat";
+        if (p.entry.kind == TextureKind::Detail) {
+            EXPECT_NEAR(mean, 127.5, 8.0) << p.path;
+            EXPECT_LT(colourful, side * side / 100) << p.path;
         }
+    }
+}
+
+TEST(Textures, EveryOneTilesWithoutASeam) {
+    for (const Painted& p : LoadAll()) {
+        const int side = p.image.Width();
         // A seam, a jump at the wrap, spreads over a few lines when shaded or blurred: the five line
         // pairs nearest the wrap against neighbouring lines anywhere. The allowance covers a feature
         // lying across the edge, the constant the compression's blocks, which end on the edges.
         for (const bool columns : {true, false}) {
             double typical = 0, nearWrap = 0;
             for (int i = 0; i + 1 < side; ++i)
-                typical += LineDifference(image, i, i + 1, columns) / (side - 1);
+                typical += LineDifference(p.image, i, i + 1, columns) / (side - 1);
             for (const int i : {side - 3, side - 2, side - 1, 0, 1})
-                nearWrap += LineDifference(image, i, (i + 1) % side, columns) / 5;
+                nearWrap += LineDifference(p.image, i, (i + 1) % side, columns) / 5;
             EXPECT_LE(nearWrap, 2.0 * typical + 1.0)
-                << path << (columns ? " left to right" : " top to bottom") << ": " << nearWrap
+                << p.path << (columns ? " left to right" : " top to bottom") << ": " << nearWrap
                 << " near the wrap, " << typical;
         }
     }
-    // The paths the defaults store, in any case, find their files.
+}
+
+TEST(Textures, ThePathsTheDefaultsStoreFindTheirFilesInAnyLetterCase) {
+    InstallQtPictureDecoder();
     for (const char* stored : {"teratextures\\GrassTerrain.jpg", "teratextures\\GrassDetail.jpg",
                                "teratextures\\TropicalWater.jpg", "TeraTextures\\multidetail.JPG"}) {
         const auto path = ResolveTexturePath(std::string(LW_BIN_DIR) + "/", stored);

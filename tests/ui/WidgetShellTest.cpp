@@ -22,7 +22,7 @@
 
 namespace fs = std::filesystem;
 
-TEST(WidgetShell, StartsAProgramWithItsArgumentsAndSaysWhenItCannot) {
+TEST(WidgetShell, StartsAProgramWithEachArgumentWholeOrSaysItCannot) {
     ScratchFolder folder;
     const std::string record = folder.File("arguments.txt"), program = folder.File("simulator");
     WriteText(program, "#!/bin/sh\nprintf '%s\\n' \"$@\" > '" + record + "'\n");
@@ -70,19 +70,25 @@ const std::string kCyrillicFolder =
 
 } // namespace
 
-TEST(WidgetShellText, FiltersShowEachPatternOnceAndMenuTextKeepsItsAmpersands) {
+TEST(WidgetShellText, FiltersShowThePatternsThatApply) {
     EXPECT_EQ(ToQtFilter("Corvanta Track Files (*.cvtrack)|*.cvtrack"), "Corvanta Track Files (*.cvtrack)");
     // The patterns that apply are the ones shown, even where the description says otherwise.
     EXPECT_EQ(ToQtFilter("Corvanta Track Files (*.cvtrack)|*cvtrack"), "Corvanta Track Files (*cvtrack)");
     EXPECT_EQ(ToQtFilter("Texture Files (*.jpg;*.tga)|*.jpg;*.tga|Targa|*.tga"),
               "Texture Files (*.jpg *.tga);;Targa (*.tga)");
     EXPECT_EQ(ToQtFilter("Heights (16 bit) raw|*.raw"), "Heights (16 bit) raw (*.raw)");
-    EXPECT_EQ(ToMenuText("R&D & Co"), "R&&D && Co");
-    EXPECT_EQ(FileDialogSize({1280, 1024}), QSize(900, 550));
-    EXPECT_EQ(FileDialogSize({800, 600}), QSize(640, 480)) << "at most four fifths of a small screen";
 }
 
-TEST(WidgetShellText, PathsCrossAsTheSystemsBytesAndFileTextAsLatin1) {
+TEST(WidgetShellText, MenuTextKeepsItsAmpersands) {
+    EXPECT_EQ(ToMenuText("R&D & Co"), "R&&D && Co");
+}
+
+TEST(WidgetShellText, TheFileDialogTakesAtMostFourFifthsOfTheScreen) {
+    EXPECT_EQ(FileDialogSize({1280, 1024}), QSize(900, 550));
+    EXPECT_EQ(FileDialogSize({800, 600}), QSize(640, 480));
+}
+
+TEST(WidgetShellText, PathsCrossAsTheSystemsBytes) {
     for (const std::string& folder : {kLatinFolder, kCyrillicFolder}) {
         const std::string path = "/home/u/" + folder + "/ride.cvtrack";
         const QString shown = FromPath(path);
@@ -90,7 +96,10 @@ TEST(WidgetShellText, PathsCrossAsTheSystemsBytesAndFileTextAsLatin1) {
         EXPECT_EQ(ToPath(shown), path) << "a path comes back as the same bytes";
     }
     EXPECT_EQ(FromPath("Z\xC3\xBCrich").size(), 6) << "one letter, not two";
-    // Text in files is single-byte: byte 0xFC is the letter ü, and back.
+}
+
+TEST(WidgetShellText, TextInFilesIsLatin1) {
+    // Byte 0xFC is the letter ü, and back.
     EXPECT_EQ(FromFileText("Gr\xFCn"), QString::fromUtf8("Gr\xC3\xBCn"));
     EXPECT_EQ(ToFileText(QString::fromUtf8("Gr\xC3\xBCn")), "Gr\xFCn");
 }

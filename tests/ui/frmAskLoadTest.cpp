@@ -21,7 +21,7 @@ template <typename Dialog> AskResult RunWith(const std::function<void(Dialog&)>&
 
 } // namespace
 
-TEST(AskDialogs, EscapeAndClosingDoNotAnswerOnlyTheButtonsDo) {
+TEST(AskDialogs, OnlyTheButtonsAnswerNeitherEscapeNorClosing) {
     bool stillOpen = false;
     AskResult result = RunWith<frmAskLoadNoTerrain>([&](frmAskLoadNoTerrain& d) {
         QTest::keyClick(&d, Qt::Key_Escape);

@@ -15,20 +15,22 @@
 
 namespace fs = std::filesystem;
 
-TEST_F(MainWindowTest, StartsOnAQuotedTrackShowsReadyOnTheSplashAndClosingWithUnsavedChangesAsks) {
+TEST_F(MainWindowTest, StartsOnAQuotedTrackAndTheSplashSaysReadyBeforeItGoes) {
     ASSERT_TRUE(window->Startup(QString::fromStdString("\"" + DemoTrack() + "\"")));
     EXPECT_EQ(window->windowTitle(), "CorvantaLandwright - Demo");
     EXPECT_TRUE(Session().Terrain().terrainPresent);
-    EXPECT_EQ(Session().Terrain().trackFolder, DerivedTrackFolder(DemoTrack()));
     EXPECT_EQ(Child<frmSplash>(window.get(), "frmSplash")->lblStatus->text(), "Ready.");
     EXPECT_TRUE(WaitFor([&] { return window->findChild<frmSplash*>("frmSplash") == nullptr; }));
+}
 
+TEST_F(MainWindowTest, ClosingWithUnsavedChangesAsksAndWritesTheSettingsOnlyWhenItCloses) {
+    StartOnDemo();
     Session().FlipArea();
     ASSERT_TRUE(Session().Terrain().terrainChanged);
     shell.answers = {Answer::No};
     EXPECT_FALSE(window->close());
     EXPECT_TRUE(window->isVisible());
-    EXPECT_FALSE(fs::exists(home.File("CorvantaLandwright.ini"))) << "settings are written only when closing";
+    EXPECT_FALSE(fs::exists(home.File("CorvantaLandwright.ini")));
     shell.answers = {Answer::Yes};
     EXPECT_TRUE(window->close());
     EXPECT_TRUE(fs::exists(home.File("CorvantaLandwright.ini")));
@@ -51,29 +53,19 @@ TEST_F(MainWindowTest, TheSplashComesFirstCentredOnTheScreenBeforeTheMainWindow)
     EXPECT_TRUE(window->isVisible());
 }
 
-TEST_F(MainWindowTest, AMissingCommandLineFileIsIgnoredAndMenusFollowTheStateTheSettingsAndTheRecentFiles) {
-    WriteText(home.File("CorvantaLandwright.ini"), ";x\r\n[General]\r\nRmbrViews=True\r\nRmbrRecents=True\r\n"
-                                                   "[Views]\r\nViewGuidelines=True\r\nViewWater=False\r\n");
+TEST_F(MainWindowTest, AMissingCommandLineFileIsIgnoredQuietly) {
     ASSERT_TRUE(window->Startup("/no/such/track.cvtrack"));
     EXPECT_EQ(window->windowTitle(), "CorvantaLandwright");
     EXPECT_TRUE(shell.messages.empty());
+}
+
+TEST_F(MainWindowTest, CommandsNeedingATrackOrATerrainAreOffWithoutOne) {
+    ASSERT_TRUE(window->Startup(""));
     for (const char* name :
          {"mnuSave", "mnuRideTrack", "mnuDeleteTerrain", "mnuClearRecent", "mnuCopy", "mnuFlip", "mnuMirror",
           "mnuInvert", "mnuFlatten", "mnuFlattenToGround", "mnuFlattenToWater", "mnuAdjustHeight",
           "mnuFilter", "mnuReset", "mnuUndo", "mnuRedo"})
         EXPECT_FALSE(Action(name)->isEnabled()) << name;
-    EXPECT_FALSE(window->mnuRecent[0]->isVisible());
-    const std::pair<QAction*, Qt::Key> shortcuts[] = {
-        {window->mnuSave, Qt::Key_F2}, {window->mnuSaveAs, Qt::Key_F12}, {window->mnuRideTrack, Qt::Key_F5}};
-    for (const auto& [action, key] : shortcuts)
-        EXPECT_EQ(action->shortcut(), QKeySequence(key)) << action->objectName().toStdString();
-    EXPECT_TRUE(window->mnuViewGuidelines->isChecked());
-    EXPECT_FALSE(window->mnuViewWater->isChecked());
-    window->mnuViewWater->trigger();
-    EXPECT_TRUE(Session().Settings().viewWater);
-    window->mnuClipTerrain->trigger();
-    EXPECT_TRUE(Session().Settings().clipTerrain);
-
     AppSettings keepTerrain = Session().Settings();
     keepTerrain.askLoadNoTerrain = 2;
     Session().ApplySettings(keepTerrain);
@@ -83,6 +75,29 @@ TEST_F(MainWindowTest, AMissingCommandLineFileIsIgnoredAndMenusFollowTheStateThe
     EXPECT_FALSE(window->mnuDeleteTerrain->isEnabled());
     Session().OpenTrack(DemoTrack());
     EXPECT_TRUE(window->mnuDeleteTerrain->isEnabled());
+}
+
+TEST_F(MainWindowTest, TheViewMenuShowsTheStoredSwitchesAndChangesThem) {
+    WriteText(home.File("CorvantaLandwright.ini"), ";x\r\n[General]\r\nRmbrViews=True\r\n"
+                                                   "[Views]\r\nViewGuidelines=True\r\nViewWater=False\r\n");
+    ASSERT_TRUE(window->Startup(""));
+    EXPECT_TRUE(window->mnuViewGuidelines->isChecked());
+    EXPECT_FALSE(window->mnuViewWater->isChecked());
+    window->mnuViewWater->trigger();
+    EXPECT_TRUE(Session().Settings().viewWater);
+    window->mnuClipTerrain->trigger();
+    EXPECT_TRUE(Session().Settings().clipTerrain);
+}
+
+TEST_F(MainWindowTest, RecentFilesListTheOpenedTracksNewestFirstAndOpenThem) {
+    WriteText(home.File("CorvantaLandwright.ini"), ";x\r\n[General]\r\nRmbrRecents=True\r\n");
+    ASSERT_TRUE(window->Startup(""));
+    EXPECT_FALSE(window->mnuRecent[0]->isVisible());
+    AppSettings keepTerrain = Session().Settings();
+    keepTerrain.askLoadNoTerrain = 2;
+    Session().ApplySettings(keepTerrain);
+    Session().OpenTrack(DemoTrack("DemoNoTerrain"));
+    Session().OpenTrack(DemoTrack());
     EXPECT_EQ(window->mnuRecent[0]->text(), "&1 Demo");
     EXPECT_EQ(window->mnuRecent[1]->text(), "&2 DemoNoTerrain");
     EXPECT_TRUE(window->mnuRecent[1]->isVisible());
@@ -132,7 +147,7 @@ EditorRun RunHeadless(const std::string& programFolder, const std::string& track
 
 } // namespace
 
-TEST_F(MainWindowTest, TheEditorRunsHeadlessFromFoldersBeyondAsciiAndSavesAScreenshot) {
+TEST_F(MainWindowTest, AHeadlessRunFromFoldersBeyondAsciiSavesAScreenshot) {
     const fs::path program = home.Path() / kCyrillicFolder, tracks = home.Path() / kLatinFolder;
     fs::create_directories(program);
     fs::create_directories(tracks);
@@ -148,7 +163,7 @@ TEST_F(MainWindowTest, TheEditorRunsHeadlessFromFoldersBeyondAsciiAndSavesAScree
     EXPECT_FALSE(fs::exists(program / "shot-box1.png")) << "the track opened without a message";
 }
 
-TEST_F(MainWindowTest, AMessageBoxInAHeadlessRunIsPicturedAnsweredAndTheRunStillEnds) {
+TEST_F(MainWindowTest, AHeadlessRunPicturesAMessageBoxAnswersItAndStillEnds) {
     const std::string broken = home.File("broken.cvtrack"), picture = home.File("shot.png");
     WriteText(broken, "not a track");
     const EditorRun run = RunHeadless(home.Path().string(), broken, picture);
@@ -158,7 +173,7 @@ TEST_F(MainWindowTest, AMessageBoxInAHeadlessRunIsPicturedAnsweredAndTheRunStill
     EXPECT_FALSE(QImage(QString::fromStdString(picture)).isNull());
 }
 
-TEST(MainWindowPaths, AProgramFolderAndATrackUnderFoldersBeyondAsciiKeepSettingsTexturesAndRecentNames) {
+TEST(MainWindowPaths, FoldersAndTrackNamesBeyondAsciiWorkAcrossTwoSessions) {
     ScratchFolder scratch;
     ScriptedShell shell;
     const fs::path program = scratch.Path() / kCyrillicFolder, tracks = scratch.Path() / kLatinFolder;
@@ -176,6 +191,7 @@ TEST(MainWindowPaths, AProgramFolderAndATrackUnderFoldersBeyondAsciiKeepSettings
         // The recent entry: its title as the file is named, its "&" shown, its path as tool tip.
         EXPECT_EQ(window.mnuRecent[0]->text(), QString::fromUtf8("&1 R&&D \xC3\x84rger"));
         EXPECT_EQ(window.mnuRecent[0]->toolTip(), FromPath(track));
+        EXPECT_TRUE(Child<QMenu>(&window, "mnuFile")->toolTipsVisible());
         const auto texture =
             ResolveTexturePath(window.Session().ProgramFolder(), "teratextures\\GrassTerrain.jpg");
         cDIBSection image;

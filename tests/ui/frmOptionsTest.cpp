@@ -32,7 +32,7 @@ AppSettings Preferences(int code, bool flip) {
 
 using OptionsDialogTest = DialogTest<frmOptions>;
 
-TEST_F(OptionsDialogTest, OkStoresWhatEveryControlShowsAndWritesTheSettingsFile) {
+TEST_F(OptionsDialogTest, OkStoresAndWritesWhatEveryControlShows) {
     for (const int code : {1, 2, 4}) {
         editor.ApplySettings(Preferences(code, false));
         Open();
@@ -46,7 +46,7 @@ TEST_F(OptionsDialogTest, OkStoresWhatEveryControlShowsAndWritesTheSettingsFile)
     }
 }
 
-TEST_F(OptionsDialogTest, AChosenColourShowsAndHoldsOnOkWithItsHalfShadeEvenWhenTheWriteFails) {
+TEST_F(OptionsDialogTest, AChosenColourHoldsWithItsHalfShadeEvenWhenTheWriteFails) {
     std::filesystem::create_directory(editor.SettingsPath()); // a folder in the file's place
     shell.colourChoices = {ByteColour{128, 0, 0}, std::nullopt};
     Open();
@@ -64,11 +64,7 @@ TEST_F(OptionsDialogTest, AChosenColourShowsAndHoldsOnOkWithItsHalfShadeEvenWhen
     EXPECT_EQ(editor.Settings().colorTable[4], (RgbColour{0.99609f, 0.0f, 0.0f}));
 }
 
-TEST_F(OptionsDialogTest, ATabLabelShowsOnlyItsFrameAndCancelLeavesTheSettingsAndTheFileUntouched) {
-    ASSERT_TRUE(editor.SaveSettings());
-    const std::string fileBefore = ReadText(editor.SettingsPath());
-    const AppSettings settingsBefore = editor.Settings();
-    shell.colourChoices = {ByteColour{1, 2, 3}};
+TEST_F(OptionsDialogTest, EachTabLabelShowsOnlyItsFrame) {
     Open();
     ASSERT_EQ(dialog->fmeTab.size(), 3u);
     ASSERT_EQ(dialog->lblMenu.size(), 3u);
@@ -81,6 +77,14 @@ TEST_F(OptionsDialogTest, ATabLabelShowsOnlyItsFrameAndCancelLeavesTheSettingsAn
             EXPECT_EQ(dialog->lblMenu[k]->font().bold(), k == pick) << pick << " " << k;
         }
     }
+}
+
+TEST_F(OptionsDialogTest, CancelLeavesTheSettingsAndTheFileUntouched) {
+    ASSERT_TRUE(editor.SaveSettings());
+    const std::string fileBefore = ReadText(editor.SettingsPath());
+    const AppSettings settingsBefore = editor.Settings();
+    shell.colourChoices = {ByteColour{1, 2, 3}};
+    Open();
     dialog->optAskImport[2]->click();
     dialog->chkNoLights->click();
     dialog->hsWaterTrans->triggerAction(QAbstractSlider::SliderSingleStepAdd);
@@ -92,7 +96,7 @@ TEST_F(OptionsDialogTest, ATabLabelShowsOnlyItsFrameAndCancelLeavesTheSettingsAn
     EXPECT_EQ(ReadText(editor.SettingsPath()), fileBefore);
 }
 
-TEST_F(OptionsDialogTest, TheKeyboardReachesEveryTabByCtrlTabBackwardsAndByAltWithTheUnderlinedLetter) {
+TEST_F(OptionsDialogTest, TheKeyboardReachesEveryTab) {
     Open();
     dialog->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));

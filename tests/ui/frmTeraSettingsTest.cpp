@@ -53,12 +53,7 @@ protected:
     }
 };
 
-TEST_F(TerrainSettingsDialogTest,
-       PresetsFillTexturesAndBarsTheWaterSwitchGreysTheWaterAndPathsMustBeRelative) {
-    const std::string home = editor.ProgramFolder();
-    shell.openChoices = {home + "teratextures/Sub/Rock.tga", std::string("/elsewhere/x.jpg")};
-    std::filesystem::create_directories(home + "teratextures/Sub");
-    WriteText(home + "teratextures/Sub/Rock.tga", "x");
+TEST_F(TerrainSettingsDialogTest, EachPresetFillsItsTexturesAndBars) {
     Open();
     for (std::size_t i = 0; i < kPresetCount; ++i) {
         const LandPreset& land = TerrainPresetTable::land[i];
@@ -76,7 +71,11 @@ TEST_F(TerrainSettingsDialogTest,
     Click(dialog->btnMain[2]); // "Default Terrain Settings": the Grass and Tropical presets
     EXPECT_EQ(dialog->txtGround->text(), "teratextures\\GrassTerrain.jpg");
     EXPECT_EQ(dialog->lblReflection->text(), "128");
+    EXPECT_FALSE(editor.Terrain().terrainPresent) << "the presets make no terrain";
+}
 
+TEST_F(TerrainSettingsDialogTest, TheWaterSwitchGreysEveryWaterControl) {
+    Open();
     const QWidget* water[] = {dialog->txtWater,  dialog->btnWater[0],  dialog->btnWater[2],
                               dialog->hsWater,   dialog->hsReflection, dialog->lblWater,
                               dialog->btnSea[0], dialog->btnSea[8]};
@@ -87,7 +86,14 @@ TEST_F(TerrainSettingsDialogTest,
             EXPECT_EQ(control->isEnabled(), on) << control->objectName().toStdString();
         EXPECT_TRUE(dialog->txtGround->isEnabled());
     }
+}
 
+TEST_F(TerrainSettingsDialogTest, AChosenTextureMustLieBelowTheProgramFolder) {
+    const std::string home = editor.ProgramFolder();
+    shell.openChoices = {home + "teratextures/Sub/Rock.tga", std::string("/elsewhere/x.jpg")};
+    std::filesystem::create_directories(home + "teratextures/Sub");
+    WriteText(home + "teratextures/Sub/Rock.tga", "x");
+    Open();
     Click(dialog->btnDetail[0]);
     ASSERT_EQ(shell.openDialogs.size(), 1u);
     EXPECT_EQ(shell.openDialogs[0].folder, home + "teratextures");
@@ -100,12 +106,12 @@ TEST_F(TerrainSettingsDialogTest,
     Click(dialog->btnMain[0]);
     EXPECT_EQ(shell.messages.size(), 2u) << "OK refuses it too";
     EXPECT_TRUE(dialog->isVisible());
-    EXPECT_FALSE(editor.Terrain().terrainPresent) << "neither the presets nor a refused OK make one";
+    EXPECT_FALSE(editor.Terrain().terrainPresent);
     Click(dialog->btnGround[2]);
     EXPECT_EQ(dialog->txtGround->text(), "");
 }
 
-TEST(CustomTerrainDetail, KeepEqualMovesBothBarsAndTheLabelsShowCountAndSpacing) {
+TEST(CustomTerrainDetail, KeepEqualMovesBothBarsWhicheverLeads) {
     frmTeraCustom custom(205, 205, nullptr);
     EXPECT_TRUE(custom.chkSame->isChecked());
     EXPECT_EQ(custom.lblDistance[0]->text(), "5.00"); // 4.995...
@@ -123,23 +129,32 @@ TEST(CustomTerrainDetail, KeepEqualMovesBothBarsAndTheLabelsShowCountAndSpacing)
     EXPECT_EQ(custom.Rows(), 151);
 }
 
-TEST_F(TerrainSettingsDialogTest, OpeningOnATerrainShowsItAndOkAsksBeforeMakingTheEditedCustomSize) {
-    editor.ReplaceTerrain(
-        [](TerrainData& t) {
-            NewTerrainGrid(t, 330, 120);
-            t.groundTexture = "teratextures\\MudTerrain.jpg";
-            t.groundTiling = 100.0f;
-            return true;
-        },
-        {});
-    shell.answers = {Answer::Cancel, Answer::Yes};
-    Open();
+class TerrainSettingsOnATerrainTest : public TerrainSettingsDialogTest {
+protected:
+    void SetUp() override {
+        TerrainSettingsDialogTest::SetUp();
+        editor.ReplaceTerrain(
+            [](TerrainData& t) {
+                NewTerrainGrid(t, 330, 120);
+                t.groundTexture = "teratextures\\MudTerrain.jpg";
+                t.groundTiling = 100.0f;
+                return true;
+            },
+            {});
+        Open();
+    }
+};
+
+TEST_F(TerrainSettingsOnATerrainTest, OpensShowingTheTerrainsSizeTexturesAndWater) {
     EXPECT_TRUE(dialog->optTeraStruct[3]->isChecked());
     EXPECT_EQ(dialog->lblCustomX->text() + "x" + dialog->lblCustomZ->text(), "330x120");
     EXPECT_EQ(dialog->txtGround->text(), "teratextures\\MudTerrain.jpg");
     EXPECT_EQ(dialog->lblGround->text(), "100");
     EXPECT_FALSE(dialog->chkWater->isChecked());
+}
 
+TEST_F(TerrainSettingsOnATerrainTest, AnEditedCustomSizeIsMadeOnlyOnceTheQuestionIsAnsweredYes) {
+    shell.answers = {Answer::Cancel, Answer::Yes};
     dialog->optTeraStruct[2]->click();
     EXPECT_EQ(dialog->Values().structure, TerrainStructure::High);
     // Unequal sides open the custom dialog without "keep equal", so each bar sets its own side.
@@ -166,19 +181,21 @@ TEST_F(TerrainSettingsDialogTest, OpeningOnATerrainShowsItAndOkAsksBeforeMakingT
     EXPECT_EQ(editor.Terrain().rows, 300);
 }
 
-TEST_F(TerrainSettingsDialogTest, APathNamingNoFileShowsRedAndOkAsksBeforeKeepingIt) {
+TEST_F(TerrainSettingsDialogTest, APathNamingNoFileShowsRedUnlessFoundInAnotherLetterCase) {
     Open();
     dialog->txtGround->setText("teratextures\\Missing.jpg");
     EXPECT_TRUE(ShownRed(dialog->txtGround));
     dialog->txtGround->setText("TeraTextures\\grassterrain.JPG");
-    EXPECT_FALSE(ShownRed(dialog->txtGround)) << "found in another letter case";
+    EXPECT_FALSE(ShownRed(dialog->txtGround));
+}
+
+TEST_F(TerrainSettingsDialogTest, OkAsksBeforeKeepingTexturesThatNameNoFile) {
+    Open();
     dialog->txtGround->setText("teratextures\\Missing.jpg");
     dialog->txtWater->setText("teratextures\\Gone.jpg");
     shell.answers = {Answer::No, Answer::Yes};
     Click(dialog->btnMain[0]);
     ASSERT_EQ(shell.questions.size(), 1u);
-    EXPECT_EQ(shell.questions[0].title, "Texture Not Found");
-    EXPECT_EQ(shell.questions[0].defaultAnswer, Answer::No);
     for (const char* named : {"Ground Texture was not found: teratextures\\Missing.jpg",
                               "Water Texture was not found: teratextures\\Gone.jpg", "simulator"})
         EXPECT_NE(shell.questions[0].text.find(named), std::string::npos) << shell.questions[0].text;
@@ -189,7 +206,7 @@ TEST_F(TerrainSettingsDialogTest, APathNamingNoFileShowsRedAndOkAsksBeforeKeepin
     EXPECT_EQ(editor.Terrain().groundTexture, "teratextures\\Missing.jpg") << "the user may go on";
 }
 
-TEST_F(MainWindowTest, TerrainNewOpensTheSettingsAndOkCreatesTheTerrain) {
+TEST_F(MainWindowTest, TerrainNewMakesTheTerrainItsSettingsDescribe) {
     TouchPresetTextures(Session().ProgramFolder());
     ASSERT_TRUE(window->Startup(""));
     EXPECT_FALSE(window->mnuTerrainSettings->isEnabled());
@@ -203,7 +220,7 @@ TEST_F(MainWindowTest, TerrainNewOpensTheSettingsAndOkCreatesTheTerrain) {
     EXPECT_TRUE(window->mnuTerrainSettings->isEnabled());
 }
 
-TEST_F(MainWindowTest, TerrainNewThenCancelLeavesTheTerrainTheTrackAndTheUndoStepsAsTheyWere) {
+TEST_F(MainWindowTest, TerrainNewCancelledInTheSettingsLeavesEverythingAsItWas) {
     StartOnDemo();
     Action("mnuFlip")->trigger();
     const HeightGrid heights = Session().Terrain().heights;

@@ -1,5 +1,6 @@
 // Flying the camera: speeds, directions, the scene bounds, the ground rule, the reset and the
 // position labels.
+#include "SampleTrack.h"
 #include "mCamera.h"
 
 #include <gtest/gtest.h>
@@ -34,11 +35,14 @@ CameraState Step(CameraState camera, HeldKeys keys, const SceneGround* ground = 
 
 } // namespace
 
-TEST(CameraMoves, ShiftBeatsControlBeatsBAndForwardFollowsYawAndPitchWhileStrafingIsSideways) {
+TEST(CameraMoves, ShiftBeatsControlBeatsB) {
     EXPECT_EQ(MovementSpeed({}), 1.0f);
     EXPECT_EQ(MovementSpeed({.extraFast = true}), 20.0f);
     EXPECT_EQ(MovementSpeed({.control = true, .extraFast = true}), 0.1f);
     EXPECT_EQ(MovementSpeed({.shift = true, .control = true, .extraFast = true}), 5.0f);
+}
+
+TEST(CameraMoves, ForwardFollowsYawAndPitchWhileStrafingIsSideways) {
     const HeldKeys forward{.forward = true};
     EXPECT_NEAR(Step(At(0, 100, 0), forward).z, -1.0f, 1e-6) << "the start view looks along -z";
     EXPECT_NEAR(Step(At(0, 100, 0, 90.0f), forward).x, -1.0f, 1e-5) << "a yaw of 90 turns the view to -x";
@@ -63,7 +67,7 @@ CameraState Hold(HeldKeys keys, int ticks, double seconds, CameraState camera = 
 
 } // namespace
 
-TEST(CameraTime, EverySpeedIsPerSecondWhateverTheFrameTimeAndALongGapCountsAsAQuarterSecond) {
+TEST(CameraTime, EverySpeedIsPerSecondAndALongGapCountsAsAQuarterSecond) {
     // 25 ticks of 40 ms and 100 ticks of 10 ms are both one second: 50 units at the base speed.
     EXPECT_NEAR(Hold({.forward = true}, 25, 0.040).z, -50.0f, 1e-3);
     EXPECT_NEAR(Hold({.forward = true}, 100, 0.010).z, -50.0f, 1e-3);
@@ -74,6 +78,9 @@ TEST(CameraTime, EverySpeedIsPerSecondWhateverTheFrameTimeAndALongGapCountsAsAQu
     EXPECT_NEAR(Hold({.forward = true}, 4, 0.2).z, -40.0f, 1e-4) << "five frames a second keep the speed";
     EXPECT_NEAR(Hold({.forward = true}, 1, 5.0).z, -12.5f, 1e-4) << "a five-second gap moves 0.25 s worth";
     EXPECT_EQ(Hold({.forward = true}, 3, -0.5).z, 0.0f) << "a clock going back does not move";
+}
+
+TEST(CameraTime, TheStepClockStartsEachRunWithOneNominalTick) {
 
     StepClock clock;
     EXPECT_EQ(clock.Elapsed(100.0), 0.02) << "the first step is one nominal tick";
@@ -97,7 +104,7 @@ TEST(CameraTurns, PitchStopsStraightUpAndDownWhileYawTurnsOnFreely) {
     EXPECT_EQ(camera.pitch, -60.0f) << "back from the limit at once";
 }
 
-TEST(CameraBounds, PositionStopsAtTheSceneEdgesAndHeightsAndTheCursorMovesFiftyIntoView) {
+TEST(CameraBounds, PositionStopsAtTheSceneEdgesAndHeights) {
     CameraState camera = At(600.0f, 900.0f, -700.0f);
     ClampToScene(camera, 4.0f);
     EXPECT_EQ(camera.x, 508.0f);
@@ -106,6 +113,9 @@ TEST(CameraBounds, PositionStopsAtTheSceneEdgesAndHeightsAndTheCursorMovesFiftyI
     camera.y = -50.0f;
     ClampToScene(camera, 0.0f);
     EXPECT_EQ(camera.y, -10.0f);
+}
+
+TEST(CameraBounds, TheCursorComesFiftyUnitsIntoViewWithinTheScene) {
     CursorState cursor;
     MoveCursorIntoView(cursor, At(10, 0, 20), 4.0f);
     EXPECT_NEAR(cursor.x, 10.0f, 1e-5);
@@ -116,7 +126,7 @@ TEST(CameraBounds, PositionStopsAtTheSceneEdgesAndHeightsAndTheCursorMovesFiftyI
     EXPECT_EQ(cursor.z, -512.0f);
 }
 
-TEST(CameraGround, StaysFiveAboveTheGroundButNeverBelowFiveAndResetsAboveTheCentre) {
+TEST(CameraGround, StaysFiveAboveTheGroundButNeverBelowFive) {
     Ground hill(64, 40.0f), pit(64, -20.0f);
     // Past the far edges the mesh's extra row and column (height 0) decide; the floor is never below 5.
     const struct {
@@ -137,7 +147,9 @@ TEST(CameraGround, StaysFiveAboveTheGroundButNeverBelowFiveAndResetsAboveTheCent
     EXPECT_EQ(Step(At(0, 50, 0), down, &hill.scene, true).y, 49.0f);
     EXPECT_EQ(Step(At(0, 45.5f, 0), down, &hill.scene, true).y, 45.0f);
     EXPECT_EQ(Step(At(0, 45, 0), down, &hill.scene, false).y, 44.0f) << "without StayAbove it may go under";
+}
 
+TEST(CameraGround, AResetLevelsTheViewFiveAboveTheCentre) {
     CameraState camera = At(3, 0, 0, 7.0f, 20.0f);
     camera.roll = 4.0f;
     ResetCamera(camera, nullptr);
@@ -158,11 +170,16 @@ TEST(CameraLabels, ShowThreeIntegerDigitsAndTwoDecimals) {
         EXPECT_EQ(FormatPositionLabel(value), label) << value;
 }
 
-TEST(CameraMouse, LookTurnsAQuarterDegreePerPixelAndFlyingMovesAlongTheViewWithinTheSceneAndAboveGround) {
+TEST(CameraMouse, LookTurnsAQuarterDegreePerPixelUpToStraightUp) {
     CameraState camera = At(0.0f, 50.0f, 0.0f, 10.0f);
     MouseLookStep(camera, 8, -4); // right and up
     EXPECT_FLOAT_EQ(camera.yaw, 8.0f);
     EXPECT_FLOAT_EQ(camera.pitch, 1.0f) << "pointer up looks up";
+    MouseLookStep(camera, 0, -400);
+    EXPECT_FLOAT_EQ(camera.pitch, 90.0f);
+}
+
+TEST(CameraMouse, FlyingMovesAlongTheViewByTheTickWithinTheSceneAndAboveGround) {
 
     const auto fly = [](CameraState c, bool forward, HeldKeys modifiers = {},
                         const SceneGround* ground = nullptr, bool stayAbove = false) {
@@ -173,8 +190,6 @@ TEST(CameraMouse, LookTurnsAQuarterDegreePerPixelAndFlyingMovesAlongTheViewWithi
     CameraState slow = At(0, 50, 0);
     MouseFlyStep(slow, true, {}, nullptr, false, 0.04);
     EXPECT_NEAR(slow.z, -2.0f, 1e-5f) << "a tick twice as long flies twice as far";
-    MouseLookStep(slow, 0, -400);
-    EXPECT_FLOAT_EQ(slow.pitch, 90.0f) << "looking up stops at straight up";
     EXPECT_NEAR(fly(At(0, 50, 0), false, {.shift = true}).z, 5.0f, 1e-5f) << "backward, at Shift speed";
     EXPECT_EQ(fly(At(0, 50, -511.5f), true).z, -512.0f) << "the scene's edge stops it";
     const Ground high(33, 100.0f);
@@ -205,12 +220,7 @@ TEST(CursorDrag, MovesHalfAUnitPerPixelRightAndAwayFromTheCameraAndStopsAtTheSce
 }
 
 TEST(BrushPoints, CoverTheSquareAroundThePointUnderTheCursorCutAtTheGridAndSitOnTheWater) {
-    TerrainData t;
-    t.spacingX = t.spacingZ = 256.0f;
-    t.heights.Resize(5, 5);
-    for (int row = 0; row < 5; ++row)
-        for (int column = 0; column < 5; ++column)
-            t.heights.At(row, column) = static_cast<float>(10 * row + column);
+    TerrainData t = MakeNumberedTerrain(5, 5, 256.0f);
     t.heights.At(3, 3) = -4.0f;
     std::vector<Vector3> points = BrushPoints(t, {0.0f, 0.0f, 0.0f}, 1, false);
     ASSERT_EQ(points.size(), 9u) << "rows and columns 1 to 3 around point (2, 2)";

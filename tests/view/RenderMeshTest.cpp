@@ -57,7 +57,7 @@ std::vector<float> Sent(const RenderMesh& mesh) {
 
 } // namespace
 
-TEST(RenderMesh, PointsAreCentredOnTheOriginNormalsFaceUpLeaningAwayFromTheRiseAndTexturesRepeat) {
+TEST(RenderMesh, PointsAreCentredOnTheOriginWithNormalsLeaningAwayFromTheRise) {
     TerrainData t = Grid(5, 3);
     for (int row = 0; row < 3; ++row)
         for (int column = 0; column < 5; ++column)
@@ -71,7 +71,11 @@ TEST(RenderMesh, PointsAreCentredOnTheOriginNormalsFaceUpLeaningAwayFromTheRiseA
         const Vector3& n = mesh.Normal(2, 1, which);
         EXPECT_TRUE(n.x < 0.0f && n.y > 0.0f && std::abs(n.z) < 1e-6f) << which << ": up, leaning to -x";
     }
-    t = Grid(205, 205); // ground tiling 10: one repeat per round(20.5) = 20 points, water 50: 4
+}
+
+TEST(RenderMesh, TexturesRepeatEveryRoundedNumberOfPointsButAtLeastOne) {
+    RenderMesh mesh;
+    TerrainData t = Grid(205, 205); // ground tiling 10: one repeat per round(20.5) = 20 points, water 50: 4
     mesh.Build(t);
     EXPECT_FLOAT_EQ(mesh.GroundUV(20, 0).u, 1.0f);
     EXPECT_FLOAT_EQ(mesh.GroundUV(0, 40).v, 2.0f);
@@ -92,7 +96,7 @@ TEST(RenderMesh, DrawnCellsAndTheBrushHighlightClampToTheGrid) {
         << "the corner clamps first";
 }
 
-TEST(RenderMeshArrays, BlocksCoverEveryDrawnCellOnceBoundTheirPointsAndRefreshLikeARebuild) {
+TEST(RenderMeshArrays, BlocksCoverEveryDrawnCellOnceAndBoundTheirPoints) {
     TerrainData t = Grid(50, 45, true); // narrower blocks at the right and bottom edges
     RenderMesh mesh, fresh;
     mesh.Build(t);
@@ -107,6 +111,12 @@ TEST(RenderMeshArrays, BlocksCoverEveryDrawnCellOnceBoundTheirPointsAndRefreshLi
     for (int k = 0; k < 50 * 45; ++k)
         EXPECT_EQ(covered[static_cast<std::size_t>(k)], DrawnCells(t, false).Contains(k % 50, k / 50) ? 1 : 0)
             << k;
+}
+
+TEST(RenderMeshArrays, APartialRefreshSendsWhatAFullRebuildSends) {
+    TerrainData t = Grid(50, 45, true);
+    RenderMesh mesh, fresh;
+    mesh.Build(t);
     // Refreshes across block edges (points 16 and 32 sit on them), in and out of the water.
     for (int row = 12; row <= 20; ++row)
         for (int column = 13; column <= 19; ++column)
@@ -121,16 +131,19 @@ TEST(RenderMeshArrays, BlocksCoverEveryDrawnCellOnceBoundTheirPointsAndRefreshLi
         EXPECT_TRUE(mesh.Blocks()[i].high.y == fresh.Blocks()[i].high.y &&
                     mesh.Blocks()[i].low.y == fresh.Blocks()[i].low.y)
             << i;
-    // A smaller terrain built over the old one keeps nothing of it; the extra row and column stay at 0.
+}
+
+TEST(RenderMeshArrays, ASmallerTerrainBuiltOverTheOldKeepsNothingOfIt) {
+    RenderMesh mesh, fresh;
+    mesh.Build(Grid(50, 45, true));
     mesh.Build(Grid(40, 37, true));
-    fresh = RenderMesh{};
     fresh.Build(Grid(40, 37, true));
     EXPECT_EQ(Sent(mesh), Sent(fresh));
-    for (int k = 0; k <= 40; ++k)
+    for (int k = 0; k <= 40; ++k) // the extra row and column stay at 0
         EXPECT_TRUE(mesh.Vertex(k, 37).y == 0.0f && mesh.GroundUV(40, k % 38).u == 0.0f) << k;
 }
 
-TEST(RenderMeshArrays, CellSpansKeepTheCellOrderAndSplitOnlyWhereTheHighlightChanges) {
+TEST(RenderMeshArrays, CellSpansKeepTheCellOrderSplittingOnlyWhereTheHighlightChanges) {
     const CellRange full{17, 32, 16, 31}, none{};
     const CellRange narrow{33, 39, 0, 15}; // a block at the grid's right edge: its rows are not contiguous
     const struct {
