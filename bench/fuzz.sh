@@ -10,12 +10,14 @@ lw_install_packages clang libclang-rt-dev cmake ninja-build
 
 out=build-fuzz
 CC=clang CXX=clang++ cmake -S . -B "$out" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DLW_FUZZ=ON >/dev/null
-cmake --build "$out" --parallel "$(nproc)" --target fuzz-track-reader fuzz-settings make-fuzz-seeds
+cmake --build "$out" --parallel "$(nproc)" --target fuzz-track-reader fuzz-settings make-fuzz-seeds \
+  fuzz-terragen make-terragen-seeds
 
 dir=$out/fuzz
 rm -f "$dir"/crash-* "$dir"/leak-* "$dir"/timeout-* "$dir"/oom-*
-mkdir -p "$dir/corpus-track" "$dir/corpus-settings"
+mkdir -p "$dir/corpus-track" "$dir/corpus-settings" "$dir/corpus-terragen"
 "$dir/make-fuzz-seeds" "$dir/corpus-track"
+"$dir/make-terragen-seeds" "$dir/corpus-terragen"
 printf ';CorvantaLandwright\r\n\r\n[General]\r\nAskImportOverwrite=0\r\nWaterTrans=0.75\r\nRmbrViews=True\r\n[Colors]\r\nCR0=0.5\r\n[Recents]\r\nRF0=/tracks/a.cvtrack\r\n' \
   >"$dir/corpus-settings/seed.ini"
 
@@ -34,4 +36,5 @@ run() {
 }
 run fuzz-track-reader corpus-track
 run fuzz-settings corpus-settings
+run fuzz-terragen corpus-terragen
 exit "$failed"
