@@ -28,6 +28,13 @@ TerrainReadResult ReadTerrainFile(const std::string& path, TerrainRecord& record
 // it always gave. record is untouched unless a whole chunk was read there.
 TerrainReadResult ScanTrackForTerrain(std::span<const std::uint8_t> bytes, TerrainRecord& record);
 
+// Gives the track file image a new terrain and keeps every other byte: the "TERA" chunk is
+// replaced (or, in a track without one, put before the environment chunk, or at the end), and the
+// file's length and top-level chunk count are brought in line. False with a reason in error when
+// the image is not a readable track.
+bool ReplaceTerrainInTrackImage(std::vector<std::uint8_t>& image, const TerrainRecord& record,
+                                std::string& error);
+
 std::vector<std::uint8_t> SerializeTerrainFile(const TerrainRecord& record);
 // Writes atomically; returns false with a reason in error.
 bool WriteTerrainFile(const std::string& path, const TerrainRecord& record, std::string& error);

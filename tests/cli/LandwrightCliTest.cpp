@@ -77,3 +77,55 @@ TEST(LandwrightCli, BadFilesGiveAMessageAndStatusOneAndBadUsageTheUsageAndStatus
         EXPECT_NE(run.out.find("usage: landwright-cli"), std::string::npos) << arguments;
     }
 }
+
+TEST(LandwrightCli, HelpListsEveryVerbOnItsOwnLine) {
+    const CliRun run = RunCli("--help");
+    ASSERT_EQ(run.status, 0);
+    for (const char* verb : {"info", "resave", "export-terrain", "import-terrain"})
+        EXPECT_NE(run.out.find(std::string("landwright-cli ") + verb + " "), std::string::npos) << verb;
+}
+
+TEST(LandwrightCli, TerrainVerbsMoveTheTerrainBetweenTracksAndTerrainFiles) {
+    ScratchFolder folder;
+    TrackDocument source = MakeSampleTrack(7, 5);
+    ASSERT_TRUE(WriteTrackFile(folder.File("source.cvtrack"), source));
+    ExpectPrinted(RunCli("export-terrain", {folder.File("source.cvtrack"), folder.File("t.cvtera")}), {});
+    TerrainRecord read;
+    ASSERT_TRUE(ReadTerrainFile(folder.File("t.cvtera"), read));
+    EXPECT_EQ(read.terrain, source.terrain.terrain);
+
+    // Into an existing track: the terrain is replaced and the rest of the track stays as it was.
+    TrackDocument target = MakeSampleTrack(3, 3);
+    target.terrain.terrainInTrack = false;
+    ASSERT_TRUE(WriteTrackFile(folder.File("target.cvtrack"), target));
+    ExpectPrinted(RunCli("import-terrain", {folder.File("t.cvtera"), folder.File("target.cvtrack")}), {});
+    target.terrain = source.terrain;
+    EXPECT_EQ(ReadBytes(folder.File("target.cvtrack")), SerializeTrack(target));
+
+    // Into a terrain file, from a track.
+    ExpectPrinted(RunCli("import-terrain", {folder.File("source.cvtrack"), folder.File("u.cvtera")}), {});
+    EXPECT_EQ(ReadBytes(folder.File("u.cvtera")), ReadBytes(folder.File("t.cvtera")));
+}
+
+TEST(LandwrightCli, TerrainVerbsRefuseWhatTheyCannotReadOrWrite) {
+    ScratchFolder folder;
+    TrackDocument bare = MakeSampleTrack(3, 3);
+    bare.terrain.terrainInTrack = false;
+    ASSERT_TRUE(WriteTrackFile(folder.File("bare.cvtrack"), bare));
+    const std::vector<std::uint8_t> bareBytes = ReadBytes(folder.File("bare.cvtrack"));
+    const CliRun noTerrain = RunCli("export-terrain", {folder.File("bare.cvtrack"), folder.File("t.cvtera")});
+    EXPECT_EQ(noTerrain.status, 1);
+    EXPECT_NE(noTerrain.out.find("holds no terrain"), std::string::npos) << noTerrain.out;
+    // A missing track as OUT, or an OUT of another kind, is not made up.
+    ASSERT_TRUE(WriteTrackFile(folder.File("full.cvtrack"), MakeSampleTrack(4, 4)));
+    for (const char* out : {"new.cvtrack", "t.bmp"}) {
+        EXPECT_EQ(RunCli("import-terrain", {folder.File("full.cvtrack"), folder.File(out)}).status, 1) << out;
+        EXPECT_FALSE(std::filesystem::exists(folder.File(out)));
+    }
+    WriteText(folder.File("junk.cvtrack"), "CRVT not really");
+    EXPECT_EQ(RunCli("import-terrain", {folder.File("full.cvtrack"), folder.File("junk.cvtrack")}).status, 1);
+    EXPECT_EQ(ReadText(folder.File("junk.cvtrack")), "CRVT not really");
+    EXPECT_EQ(RunCli("export-terrain", {folder.File("full.cvtrack"), folder.File("t.txt")}).status, 2);
+    EXPECT_EQ(RunCli("import-terrain", {folder.File("full.cvtrack")}).status, 2);
+    EXPECT_EQ(ReadBytes(folder.File("bare.cvtrack")), bareBytes);
+}

@@ -75,6 +75,7 @@ const CaptionRow kCaptionRows[] = {
     {"KeyboardShortcuts", Make<frmKeyboardShortcuts>, "Keyboard Shortcuts"},
     {"AskLoadTrackTerrain", Make<frmAskLoadTrackTerrain>, "Track Contains Terrain Data..."},
     {"AskLoadNoTerrain", Make<frmAskLoadNoTerrain>, "Track Does Not Have Terrain..."},
+    {"AskImportOverwrite", Make<frmAskImportOverwrite>, "Overwrite Current Terrain..."},
     {"ImportTerragen", MakeImportTerragen, "Import Terragen Terrain..."},
 };
 
@@ -111,6 +112,12 @@ const ControlTextRow kControlTextRows[] = {
     {"AskLoadNoTerrainRemove", Make<frmAskLoadNoTerrain>, "btnMain_0", "Remove Terrain"},
     {"AskLoadNoTerrainKeep", Make<frmAskLoadNoTerrain>, "btnMain_1", "Keep Terrain"},
     {"AskLoadNoTerrainDontAsk", Make<frmAskLoadNoTerrain>, "chkDontAskAgain", "Don't Ask Me Again."},
+    {"AskImportOverwriteText", Make<frmAskImportOverwrite>, "lblText",
+     "Importing terrain will overwrite the terrain currently in the editor.  Are you sue you wish to "
+     "continue?"},
+    {"AskImportOverwriteYes", Make<frmAskImportOverwrite>, "btnMain_0", "Yes"},
+    {"AskImportOverwriteNo", Make<frmAskImportOverwrite>, "btnMain_1", "No"},
+    {"AskImportOverwriteDontAsk", Make<frmAskImportOverwrite>, "chkDontAskAgain", "Don't Ask Me Again."},
     {"AdjustRaise", Make<frmAdjustHeight>, "optMode_0", "Raise by this ammount"},
     {"AdjustLower", Make<frmAdjustHeight>, "optMode_1", "Lower by this ammount"},
     {"AdjustSet", Make<frmAdjustHeight>, "optMode_2", "Set to exactly this ammount"},

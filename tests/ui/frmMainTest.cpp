@@ -3,6 +3,8 @@
 #include "MainWindowFixture.h"
 
 #include "PathUtil.h"
+#include "SampleTrack.h"
+#include "TerrainFile.h"
 #include "TexturePath.h"
 #include "WidgetShell.h"
 #include "frmSplash.h"
@@ -187,4 +189,22 @@ TEST(MainWindowPaths, AProgramFolderAndATrackUnderFoldersBeyondAsciiKeepSettings
         EXPECT_TRUE(shell.messages.empty()) << shell.messages[0].text;
     }
     EXPECT_TRUE(fs::exists(program / "CorvantaLandwright.ini"));
+}
+
+TEST_F(MainWindowTest, TheImportAndExportMenusRunTheirCommandsAndExportsNeedATerrain) {
+    ASSERT_TRUE(window->Startup(""));
+    EXPECT_FALSE(window->mnuExport->isEnabled());
+    EXPECT_TRUE(window->mnuImport->isEnabled());
+    TerrainRecord record;
+    record.terrain = MakeSampleTerrain(6, 5);
+    std::string error;
+    ASSERT_TRUE(WriteTerrainFile(home.File("in.cvtera"), record, error));
+    shell.openChoices.push_back(home.File("in.cvtera"));
+    Action("mnuImportTerrainFile")->trigger();
+    EXPECT_EQ(Session().Terrain().heights, record.terrain.heights);
+    EXPECT_EQ(window->windowTitle(), "CorvantaLandwright - [Terrain]");
+    EXPECT_TRUE(window->mnuExport->isEnabled());
+    shell.saveChoices.push_back(home.File("out.cvtera"));
+    Action("mnuExportTerrainFile")->trigger();
+    EXPECT_EQ(ReadBytes(home.File("out.cvtera")), ReadBytes(home.File("in.cvtera")));
 }
