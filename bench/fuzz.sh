@@ -13,12 +13,14 @@ lw_install_packages clang libclang-rt-dev cmake ninja-build
 
 out=build-fuzz
 CC=clang CXX=clang++ cmake -S . -B "$out" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DLW_FUZZ=ON >/dev/null
-cmake --build "$out" --parallel "$(nproc)" --target fuzz-track-reader fuzz-settings fuzz-terrain-file fuzz-targa make-fuzz-seeds
+cmake --build "$out" --parallel "$(nproc)" --target fuzz-track-reader fuzz-settings fuzz-terrain-file fuzz-targa \
+  fuzz-terragen make-fuzz-seeds make-terragen-seeds
 
 dir=$out/fuzz
 rm -f "$dir"/crash-* "$dir"/leak-* "$dir"/timeout-* "$dir"/oom-*
-mkdir -p "$dir/corpus-track" "$dir/corpus-settings" "$dir/corpus-terrain" "$dir/corpus-targa"
+mkdir -p "$dir/corpus-track" "$dir/corpus-settings" "$dir/corpus-terrain" "$dir/corpus-targa" "$dir/corpus-terragen"
 "$dir/make-fuzz-seeds" "$dir/corpus-track" "$dir/corpus-terrain" "$dir/corpus-targa"
+"$dir/make-terragen-seeds" "$dir/corpus-terragen"
 printf ';CorvantaLandwright\r\n\r\n[General]\r\nAskImportOverwrite=0\r\nWaterTrans=0.75\r\nRmbrViews=True\r\n[Colors]\r\nCR0=0.5\r\n[Recents]\r\nRF0=/tracks/a.cvtrack\r\n' \
   >"$dir/corpus-settings/seed.ini"
 
@@ -42,4 +44,5 @@ run fuzz-track-reader corpus-track
 run fuzz-settings corpus-settings
 run fuzz-terrain-file corpus-terrain
 run fuzz-targa corpus-targa
+run fuzz-terragen corpus-terragen
 exit "$failed"

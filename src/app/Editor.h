@@ -8,7 +8,7 @@
 // The commands are defined by group: Editor.cpp (start-up, preferences, view switches),
 // EditorFiles.cpp (open, save, recent files, exit, ride, help), EditorTerrain.cpp (new, delete,
 // remove the track data, terrain settings, ReplaceTerrain), EditorImportExport.cpp (terrain files
-// and the import question), EditorEditing.cpp (undo, sculpt, area
+// and the import question), EditorTerragenObj.cpp (Terragen import, OBJ export), EditorEditing.cpp (undo, sculpt, area
 // and whole-terrain operations, clipboard, filter) and EditorView.cpp (camera and cursor).
 
 #include "AppSettings.h"
@@ -16,6 +16,7 @@
 #include "AreaOperations.h"
 #include "GridRect.h"
 #include "RenderMesh.h"
+#include "SampleGrid.h"
 #include "Sculpt.h"
 #include "Shell.h"
 #include "TerrainFilter.h"
@@ -174,6 +175,16 @@ public:
     void ImportTerrainFile();
     void ExportTerrainFile();
     void ImportTerrainFromTrack();
+    // Terragen import, first step: the question, the open dialog and the file read. Returns the
+    // file's samples for the import dialog's preview, or nothing (cancelled, or the file refused
+    // with a message) with the terrain as it was.
+    std::optional<SampleGrid> ImportTerragen();
+    // The import dialog's confirm: the samples become the terrain (TerrainFromTerragen), with water
+    // at waterHeight or, without water, the heights measured from 0.
+    bool TakeTerragenImport(const SampleGrid& samples, bool water, float waterHeight);
+    // Writes the terrain as an OBJ object to a file chosen in the save dialog; a failed write is
+    // reported and leaves an existing file as it was.
+    void ExportObj();
 
     // Camera and cursor (EditorView.cpp). Each redraws.
     // The ground under the camera, or nothing without terrain.

@@ -1,5 +1,6 @@
 // File > Import and File > Export: every way a terrain comes into the editor or leaves it. Imports
 // are always offered (each asks before it replaces a terrain); exports need a terrain.
+#include "frmImportTerragen.h"
 #include "frmMain.h"
 
 #include <QMenu>
@@ -21,11 +22,20 @@ void frmMain::BuildImportExportMenus(QMenu* fileMenu) {
             [this] { editor_.ImportTerrainFile(); });
     connect(AddCommand(mnuImport, "mnuImportTerrainFromTrack", "Terrain from T&rack..."), &QAction::triggered,
             this, [this] { editor_.ImportTerrainFromTrack(); });
+    connect(AddCommand(mnuImport, "mnuImportTerragen", "Terra&gen File..."), &QAction::triggered, this,
+            [this] {
+                std::optional<SampleGrid> samples = editor_.ImportTerragen();
+                if (!samples) return;
+                frmImportTerragen dialog(editor_, std::move(*samples), this);
+                dialog.exec();
+            });
 
     mnuExport = fileMenu->addMenu("&Export");
     mnuExport->setObjectName("mnuExport");
     connect(AddCommand(mnuExport, "mnuExportTerrainFile", "&Terrain File..."), &QAction::triggered, this,
             [this] { editor_.ExportTerrainFile(); });
+    connect(AddCommand(mnuExport, "mnuExportObj", "3D &Object (OBJ)..."), &QAction::triggered, this,
+            [this] { editor_.ExportObj(); });
 }
 
 void frmMain::UpdateImportExportUI() {

@@ -1,5 +1,8 @@
 // landwright-cli run as a user runs it: exit codes, what it prints, what it writes.
+#include "ObjExport.h"
 #include "SampleTrack.h"
+#include "TerragenFile.h"
+#include "TerragenSample.h"
 #include "TerrainFile.h"
 #include "TestSupport.h"
 #include "TrackFile.h"
@@ -140,4 +143,63 @@ TEST(LandwrightCli, TerrainVerbsRefuseWhatTheyCannotReadOrWrite) {
     EXPECT_EQ(RunCli("export-terrain", {folder.File("full.cvtrack"), folder.File("t.txt")}).status, 2);
     EXPECT_EQ(RunCli("import-terrain", {folder.File("full.cvtrack")}).status, 2);
     EXPECT_EQ(ReadBytes(folder.File("bare.cvtrack")), bareBytes);
+}
+
+TEST(LandwrightCli, ImportTerragenMakesTheTerrainTheDialogWouldWithOrWithoutWater) {
+    ScratchFolder folder;
+    const std::string ter = folder.File("hills.ter");
+    WriteBytes(ter, MakeTerragenFile({9, 6, false, true}, RollingTerragenElevations(9)));
+    SampleGrid samples;
+    ASSERT_TRUE(ReadTerragenFile(ter, samples));
+    ExpectPrinted(RunCli("import-terragen", {ter, folder.File("wet.cvtera"), "--water", "100.5"}), {});
+    TerrainRecord wet;
+    ASSERT_TRUE(ReadTerrainFile(folder.File("wet.cvtera"), wet));
+    EXPECT_EQ(wet.terrain.columns, 9);
+    EXPECT_EQ(wet.terrain.rows, 6);
+    EXPECT_TRUE(wet.terrain.waterEnabled);
+    EXPECT_EQ(wet.terrain.groundTexture, kDefaultGroundTexture);
+    EXPECT_EQ(wet.terrain.heights, TerrainFromTerragen(samples, true, 100.5f).heights);
+
+    // Into an existing track, without water.
+    ASSERT_TRUE(WriteTrackFile(folder.File("t.cvtrack"), MakeSampleTrack(3, 3)));
+    ExpectPrinted(RunCli("import-terragen", {ter, folder.File("t.cvtrack")}), {});
+    TrackDocument track;
+    ASSERT_TRUE(ReadTrackFile(folder.File("t.cvtrack"), track));
+    EXPECT_FALSE(track.terrain.terrain.waterEnabled);
+    EXPECT_EQ(track.terrain.terrain.heights, TerrainFromTerragen(samples, false, 0.0f).heights);
+
+    const CliRun help = RunCli("--help");
+    for (const char* verb : {"import-terragen IN.ter OUT [--water H]", "export-obj IN OUT.obj"})
+        EXPECT_NE(help.out.find(verb), std::string::npos) << verb;
+}
+
+TEST(LandwrightCli, ExportObjWritesTheTerrainsTextAndBothVerbsRefuseBadFilesAndUsage) {
+    ScratchFolder folder;
+    const TrackDocument track = MakeSampleTrack(5, 4);
+    ASSERT_TRUE(WriteTrackFile(folder.File("t.cvtrack"), track));
+    ExpectPrinted(RunCli("export-obj", {folder.File("t.cvtrack"), folder.File("t.obj")}), {});
+    EXPECT_EQ(ReadText(folder.File("t.obj")), MakeObjText(track.terrain.terrain));
+
+    TerragenSampleOptions shortLayout;
+    shortLayout.omitOptionalBlocks = true;
+    WriteBytes(folder.File("short.ter"), MakeTerragenFile(shortLayout, {}));
+    const CliRun refused = RunCli("import-terragen", {folder.File("short.ter"), folder.File("x.cvtera")});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_NE(refused.out.find("short.ter"), std::string::npos) << refused.out;
+    EXPECT_EQ(RunCli("import-terragen", {folder.File("none.ter"), folder.File("x.cvtera")}).status, 1);
+    EXPECT_FALSE(std::filesystem::exists(folder.File("x.cvtera")));
+    EXPECT_EQ(RunCli("export-obj", {folder.File("none.cvtrack"), folder.File("n.obj")}).status, 1);
+    EXPECT_EQ(RunCli("export-obj", {folder.File("t.cvtrack"), folder.File("no/such/dir.obj")}).status, 1);
+
+    WriteBytes(folder.File("ok.ter"), MakeTerragenFile({3, 3, false, true}, {}));
+    for (const std::vector<std::string>& args :
+         {std::vector<std::string>{folder.File("ok.ter")},
+          {folder.File("ok.ter"), folder.File("y.cvtera"), "--water", "300"},
+          {folder.File("ok.ter"), folder.File("y.cvtera"), "--water", "deep"},
+          {folder.File("ok.ter"), folder.File("y.cvtera"), "--water"},
+          {folder.File("ok.ter"), folder.File("y.cvtera"), "--depth", "3"}})
+        EXPECT_EQ(RunCli("import-terragen", args).status, 2) << args.size();
+    EXPECT_EQ(RunCli("export-obj", {folder.File("t.cvtrack"), folder.File("t.txt")}).status, 2);
+    EXPECT_EQ(RunCli("export-obj", {folder.File("t.cvtrack")}).status, 2);
+    EXPECT_FALSE(std::filesystem::exists(folder.File("y.cvtera")));
 }

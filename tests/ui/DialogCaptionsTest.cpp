@@ -6,6 +6,7 @@
 #include "frmAdjustHeight.h"
 #include "frmAskLoad.h"
 #include "frmFilter.h"
+#include "frmImportTerragen.h"
 #include "frmKeyboardShortcuts.h"
 #include "frmMain.h"
 #include "frmOptions.h"
@@ -39,6 +40,12 @@ std::unique_ptr<QWidget> MakeCustomSize(Editor&) {
     return std::make_unique<frmTeraCustom>(205, 205, nullptr);
 }
 
+std::unique_ptr<QWidget> MakeImportTerragen(Editor& editor) {
+    SampleGrid samples;
+    samples.Resize(2, 2, 100.0f);
+    return std::make_unique<frmImportTerragen>(editor, samples, nullptr);
+}
+
 std::unique_ptr<QWidget> MakeMainWindow(Editor& editor) {
     return std::make_unique<frmMain>(QString::fromStdString(editor.ProgramFolder()));
 }
@@ -69,6 +76,7 @@ const CaptionRow kCaptionRows[] = {
     {"AskLoadTrackTerrain", Make<frmAskLoadTrackTerrain>, "Track Contains Terrain Data..."},
     {"AskLoadNoTerrain", Make<frmAskLoadNoTerrain>, "Track Does Not Have Terrain..."},
     {"AskImportOverwrite", Make<frmAskImportOverwrite>, "Overwrite Current Terrain..."},
+    {"ImportTerragen", MakeImportTerragen, "Import Terragen Terrain..."},
 };
 
 class WindowCaptionTest : public ::testing::TestWithParam<CaptionRow> {};
@@ -115,6 +123,9 @@ const ControlTextRow kControlTextRows[] = {
     {"AdjustSet", Make<frmAdjustHeight>, "optMode_2", "Set to exactly this ammount"},
     {"OptionsAlwaysLoadTrackTerrain", Make<frmOptions>, "optAskLoadTrackTerrain_1",
      "Always Load The Terrain With The Track Overwritting Terrain In The Editor"},
+    {"ImportTerragenWater", MakeImportTerragen, "chkWater", "Terrain Has Water"},
+    {"ImportTerragenImport", MakeImportTerragen, "btnMain_0", "Import"},
+    {"ImportTerragenCancel", MakeImportTerragen, "btnMain_1", "Cancel"},
 };
 
 class ControlTextTest : public ::testing::TestWithParam<ControlTextRow> {};
