@@ -2,6 +2,7 @@
 // the captions kept with their own spelling, and the messages and file dialog the dialogs show
 // themselves. The expected texts are written out here, so an edited word fails the row naming it.
 #include "ShownTexts.h"
+#include "frm3DSExport.h"
 #include "frmAbout.h"
 #include "frmAdjustHeight.h"
 #include "frmAskLoad.h"
@@ -39,6 +40,10 @@ std::unique_ptr<QWidget> MakeCustomSize(Editor&) {
     return std::make_unique<frmTeraCustom>(205, 205, nullptr);
 }
 
+std::unique_ptr<QWidget> Make3DSExport(Editor& editor) {
+    return std::make_unique<frm3DSExport>(editor, "scene.3ds", nullptr);
+}
+
 std::unique_ptr<QWidget> MakeMainWindow(Editor& editor) {
     return std::make_unique<frmMain>(QString::fromStdString(editor.ProgramFolder()));
 }
@@ -69,6 +74,7 @@ const CaptionRow kCaptionRows[] = {
     {"AskLoadTrackTerrain", Make<frmAskLoadTrackTerrain>, "Track Contains Terrain Data..."},
     {"AskLoadNoTerrain", Make<frmAskLoadNoTerrain>, "Track Does Not Have Terrain..."},
     {"AskImportOverwrite", Make<frmAskImportOverwrite>, "Overwrite Current Terrain..."},
+    {"Export3DS", Make3DSExport, "Export 3DStudioMax..."},
 };
 
 class WindowCaptionTest : public ::testing::TestWithParam<CaptionRow> {};
@@ -115,6 +121,9 @@ const ControlTextRow kControlTextRows[] = {
     {"AdjustSet", Make<frmAdjustHeight>, "optMode_2", "Set to exactly this ammount"},
     {"OptionsAlwaysLoadTrackTerrain", Make<frmOptions>, "optAskLoadTrackTerrain_1",
      "Always Load The Terrain With The Track Overwritting Terrain In The Editor"},
+    {"Export3DSTrack", Make3DSExport, "chkExportTrack", "Export Track"},
+    {"Export3DSOkay", Make3DSExport, "btnOkay", "OK"},
+    {"Export3DSCancel", Make3DSExport, "btnCancel", "Cancel"},
 };
 
 class ControlTextTest : public ::testing::TestWithParam<ControlTextRow> {};
