@@ -20,6 +20,7 @@ struct CliVerb {
 // Each group of verbs lives in a file of its own; CliVerbs.cpp lists the groups.
 std::span<const CliVerb> FileVerbs();        // info, resave
 std::span<const CliVerb> TerrainFileVerbs(); // export-terrain, import-terrain
+std::span<const CliVerb> ThreeDSVerbs();     // export-3ds
 
 // Status 1: a file could not be read or written. Prints "landwright-cli: message" on standard error.
 int Fail(const std::string& message);
