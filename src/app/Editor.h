@@ -8,8 +8,9 @@
 // The commands are defined by group: Editor.cpp (start-up, preferences, view switches),
 // EditorFiles.cpp (open, save, recent files, exit, ride, help), EditorTerrain.cpp (new, delete,
 // remove the track data, terrain settings, ReplaceTerrain), EditorImportExport.cpp (terrain files
-// and the import question), EditorTerragenObj.cpp (Terragen import, OBJ export), EditorEditing.cpp (undo, sculpt, area
-// and whole-terrain operations, clipboard, filter) and EditorView.cpp (camera and cursor).
+// and the import question), EditorTerragenObj.cpp (Terragen import, OBJ export), EditorExport3DS.cpp
+// (the 3DS export), EditorEditing.cpp (undo, sculpt, area and whole-terrain operations, clipboard,
+// filter) and EditorView.cpp (camera and cursor).
 
 #include "AppSettings.h"
 #include "AreaClipboard.h"
@@ -185,6 +186,20 @@ public:
     // Writes the terrain as an OBJ object to a file chosen in the save dialog; a failed write is
     // reported and leaves an existing file as it was.
     void ExportObj();
+
+    // 3DS export (EditorExport3DS.cpp): the save dialog first, then the export dialog's choices.
+    // The path chosen, or nothing (no terrain, or the dialog cancelled).
+    std::optional<std::string> Export3DS();
+    // The track can go into the export: one is open and traced.
+    bool CanExport3DSTrack() const { return Terrain().trackPresent && Spine().drawnPoints.size() >= 2; }
+    // The colours the export dialog starts with: the untextured terrain's and the track's.
+    ByteColour Export3DSTerrainColour() const;
+    ByteColour Export3DSTrackColour() const;
+    // Writes the terrain (and the track when asked and there is one) to path as a 3DS file,
+    // reporting each object written through the Shell's progress, which may cancel it. A failure
+    // is reported; a cancel or failure leaves an existing file as it was. True when written.
+    bool Save3DS(const std::string& path, const ByteColour& terrainColour, const ByteColour& trackColour,
+                 bool includeTrack);
 
     // Camera and cursor (EditorView.cpp). Each redraws.
     // The ground under the camera, or nothing without terrain.

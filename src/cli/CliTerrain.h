@@ -21,6 +21,7 @@ struct CliVerb {
 std::span<const CliVerb> FileVerbs();        // info, resave
 std::span<const CliVerb> TerrainFileVerbs(); // export-terrain, import-terrain
 std::span<const CliVerb> TerragenObjVerbs(); // import-terragen, export-obj
+std::span<const CliVerb> ThreeDSVerbs();     // export-3ds
 
 // Status 1: a file could not be read or written. Prints "landwright-cli: message" on standard error.
 int Fail(const std::string& message);

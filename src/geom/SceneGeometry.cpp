@@ -58,6 +58,37 @@ std::vector<Vector3> SupportJoints(const TrackDocument& track) {
     return joints;
 }
 
+CrossPiece CrossPieceLines(const DrawnPoint& p, int style) {
+    CrossPiece piece;
+    const auto add = [&piece](const Vector3& a, const Vector3& b) { piece.lines[piece.count++] = {a, b}; };
+    switch (style) {
+    case 0:
+        add(p.p2, p.p1), add(p.p3, p.p1);
+        break;
+    case 1:
+    case 2:
+    case 3:
+    case 4:
+    case 6:
+    case 7:
+    case 8:
+        add(p.p2, p.p4), add(p.p4, p.p5), add(p.p5, p.p3);
+        break;
+    case 5:
+        add(p.p2, p.p1), add(p.p3, p.p1), add(p.p2, p.p3);
+        break;
+    case 9:
+    case 10:
+    case 11:
+    case 12:
+        add(p.p6, p.p2), add(p.p2, p.p4), add(p.p4, p.p5), add(p.p5, p.p3), add(p.p3, p.p7);
+        break;
+    default:
+        break;
+    }
+    return piece;
+}
+
 std::array<LineSegment, kTreeLines> TreeLines(const Vector3& foot) {
     const float x = foot.x, y = foot.y, z = foot.z;
     const Vector3 top{x, y + 8.0f, z};

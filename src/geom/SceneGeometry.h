@@ -26,6 +26,15 @@ std::optional<Vector3> SupportNodePosition(const TrackDocument& track, const Tra
 // missing node is left out.
 std::vector<LineSegment> SupportTubeLines(const TrackDocument& track, const TrackSpine& spine);
 
+// The cross-piece of one drawn point of the track: the lines joining its rails to the spine or
+// under-rail points as the coaster style lays them out (style 0 a V to the spine, 1-4 and 6-8 a U
+// under the rails, 5 a triangle, 9-12 a U with wings; other styles none). Up to five lines.
+struct CrossPiece {
+    std::array<LineSegment, 5> lines;
+    std::size_t count = 0;
+};
+CrossPiece CrossPieceLines(const DrawnPoint& p, int style);
+
 // The points where the support joints are drawn: every footer, then every free node.
 std::vector<Vector3> SupportJoints(const TrackDocument& track);
 

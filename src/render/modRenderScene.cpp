@@ -29,31 +29,9 @@ RgbColour TypeColour(const RenderInput& in, int type, ColourSlot first, RgbColou
 }
 
 void DrawCrossPiece(const DrawnPoint& p, int style) {
-    switch (style) {
-    case 0:
-        Line(p.p2, p.p1), Line(p.p3, p.p1);
-        break;
-    case 1:
-    case 2:
-    case 3:
-    case 4:
-    case 6:
-    case 7:
-    case 8:
-        Line(p.p2, p.p4), Line(p.p4, p.p5), Line(p.p5, p.p3);
-        break;
-    case 5:
-        Line(p.p2, p.p1), Line(p.p3, p.p1), Line(p.p2, p.p3);
-        break;
-    case 9:
-    case 10:
-    case 11:
-    case 12:
-        Line(p.p6, p.p2), Line(p.p2, p.p4), Line(p.p4, p.p5), Line(p.p5, p.p3), Line(p.p3, p.p7);
-        break;
-    default:
-        break;
-    }
+    const CrossPiece piece = CrossPieceLines(p, style);
+    for (std::size_t i = 0; i < piece.count; ++i)
+        Line(piece.lines[i].from, piece.lines[i].to);
 }
 
 void SphereAt(const GLViewState& state, const Vector3& p, double radius, const RgbColour& colour) {

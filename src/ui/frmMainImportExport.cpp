@@ -1,5 +1,6 @@
 // File > Import and File > Export: every way a terrain comes into the editor or leaves it. Imports
 // are always offered (each asks before it replaces a terrain); exports need a terrain.
+#include "frm3DSExport.h"
 #include "frmImportTerragen.h"
 #include "frmMain.h"
 
@@ -36,6 +37,12 @@ void frmMain::BuildImportExportMenus(QMenu* fileMenu) {
             [this] { editor_.ExportTerrainFile(); });
     connect(AddCommand(mnuExport, "mnuExportObj", "3D &Object (OBJ)..."), &QAction::triggered, this,
             [this] { editor_.ExportObj(); });
+    connect(AddCommand(mnuExport, "mnuExport3DS", "3D &Studio (3DS)..."), &QAction::triggered, this, [this] {
+        if (const std::optional<std::string> path = editor_.Export3DS()) {
+            frm3DSExport dialog(editor_, *path, this);
+            dialog.exec();
+        }
+    });
 }
 
 void frmMain::UpdateImportExportUI() {

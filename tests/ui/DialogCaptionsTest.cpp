@@ -2,6 +2,7 @@
 // the captions kept with their own spelling, and the messages and file dialog the dialogs show
 // themselves. The expected texts are written out here, so an edited word fails the row naming it.
 #include "ShownTexts.h"
+#include "frm3DSExport.h"
 #include "frmAbout.h"
 #include "frmAdjustHeight.h"
 #include "frmAskLoad.h"
@@ -46,6 +47,10 @@ std::unique_ptr<QWidget> MakeImportTerragen(Editor& editor) {
     return std::make_unique<frmImportTerragen>(editor, samples, nullptr);
 }
 
+std::unique_ptr<QWidget> Make3DSExport(Editor& editor) {
+    return std::make_unique<frm3DSExport>(editor, "scene.3ds", nullptr);
+}
+
 std::unique_ptr<QWidget> MakeMainWindow(Editor& editor) {
     return std::make_unique<frmMain>(QString::fromStdString(editor.ProgramFolder()));
 }
@@ -77,6 +82,7 @@ const CaptionRow kCaptionRows[] = {
     {"AskLoadNoTerrain", Make<frmAskLoadNoTerrain>, "Track Does Not Have Terrain..."},
     {"AskImportOverwrite", Make<frmAskImportOverwrite>, "Overwrite Current Terrain..."},
     {"ImportTerragen", MakeImportTerragen, "Import Terragen Terrain..."},
+    {"Export3DS", Make3DSExport, "Export 3DStudioMax..."},
 };
 
 class WindowCaptionTest : public ::testing::TestWithParam<CaptionRow> {};
@@ -126,6 +132,9 @@ const ControlTextRow kControlTextRows[] = {
     {"ImportTerragenWater", MakeImportTerragen, "chkWater", "Terrain Has Water"},
     {"ImportTerragenImport", MakeImportTerragen, "btnMain_0", "Import"},
     {"ImportTerragenCancel", MakeImportTerragen, "btnMain_1", "Cancel"},
+    {"Export3DSTrack", Make3DSExport, "chkExportTrack", "Export Track"},
+    {"Export3DSOkay", Make3DSExport, "btnOkay", "OK"},
+    {"Export3DSCancel", Make3DSExport, "btnCancel", "Cancel"},
 };
 
 class ControlTextTest : public ::testing::TestWithParam<ControlTextRow> {};

@@ -1,0 +1,97 @@
+// File > Export > 3D Studio: the save dialog, the file with and without the track, the progress
+// report, Cancel and a failed write.
+#include "Chunk3DSReader.h"
+#include "EditorTestFixture.h"
+
+#include <filesystem>
+
+namespace {
+
+class Export3DSTest : public EditorTest {
+protected:
+    void OpenSampleTrack() {
+        editor.OpenTrack(WriteTrack("ride.cvtrack", 5));
+        ASSERT_TRUE(editor.CanExport3DSTrack());
+    }
+};
+
+TEST_F(Export3DSTest, SaveDialogAsksFor3dsFilesAndNothingWithoutTerrain) {
+    EXPECT_EQ(editor.Export3DS(), std::nullopt);
+    EXPECT_TRUE(shell.saveDialogs.empty());
+
+    GiveEditorTerrain();
+    shell.saveChoices.push_back(std::nullopt);
+    EXPECT_EQ(editor.Export3DS(), std::nullopt);
+    shell.saveChoices.push_back(folder.File("out.3ds"));
+    EXPECT_EQ(editor.Export3DS(), folder.File("out.3ds"));
+    ASSERT_EQ(shell.saveDialogs.size(), 2u);
+    EXPECT_EQ(shell.saveDialogs[0].title, "Export 3DStudioMax...");
+    EXPECT_EQ(shell.saveDialogs[0].filter, "3DStudioMax Files (*.3ds)|*.3ds");
+    EXPECT_EQ(shell.saveDialogs[0].defaultExtension, "3ds");
+}
+
+TEST_F(Export3DSTest, TrackObjectsFollowTheTerrainOnlyWhenTheTrackIsIncluded) {
+    OpenSampleTrack();
+    const std::string path = folder.File("scene.3ds");
+    ASSERT_TRUE(editor.Save3DS(path, {1, 2, 3}, {250, 128, 0}, true));
+    const Export3DSSummary with = Summarise3DS(path);
+    ASSERT_GE(with.objects.size(), 2u);
+    EXPECT_EQ(with.objects[0], "TERA0000");
+    EXPECT_EQ(with.objects[1], "TRCK0000");
+    EXPECT_EQ(with.diffuse, (std::vector<std::array<int, 3>>{{1, 2, 3}, {250, 128, 0}}));
+
+    ASSERT_TRUE(editor.Save3DS(path, {1, 2, 3}, {250, 128, 0}, false));
+    const Export3DSSummary without = Summarise3DS(path);
+    EXPECT_EQ(without.objects, std::vector<std::string>{"TERA0000"});
+    EXPECT_EQ(without.diffuse.size(), 1u);
+    EXPECT_TRUE(shell.messages.empty());
+}
+
+TEST_F(Export3DSTest, IncludingATrackThatIsNotThereWritesTheTerrainAlone) {
+    GiveEditorTerrain(5);
+    EXPECT_FALSE(editor.CanExport3DSTrack());
+    const std::string path = folder.File("alone.3ds");
+    ASSERT_TRUE(editor.Save3DS(path, editor.Export3DSTerrainColour(), editor.Export3DSTrackColour(), true));
+    EXPECT_EQ(Summarise3DS(path).objects, std::vector<std::string>{"TERA0000"});
+}
+
+TEST_F(Export3DSTest, ProgressCountsEveryObjectWritten) {
+    OpenSampleTrack();
+    ASSERT_TRUE(editor.Save3DS(folder.File("p.3ds"), {}, {}, true));
+    const std::size_t objects = Summarise3DS(folder.File("p.3ds")).objects.size();
+    ASSERT_EQ(shell.progress.size(), 1u);
+    const ProgressReport& report = shell.progress[0];
+    EXPECT_EQ(report.maximum, static_cast<int>(objects));
+    std::vector<int> expected;
+    for (std::size_t i = 1; i <= objects; ++i)
+        expected.push_back(static_cast<int>(i));
+    EXPECT_EQ(report.values, expected);
+    EXPECT_EQ(report.cancelQueries, static_cast<int>(objects));
+    EXPECT_TRUE(report.ended);
+}
+
+TEST_F(Export3DSTest, CancelLeavesTheExistingFileAndSaysNothing) {
+    OpenSampleTrack();
+    const std::string path = folder.File("keep.3ds");
+    WriteText(path, "previous export");
+    shell.cancelAtQuery = 1;
+    EXPECT_FALSE(editor.Save3DS(path, {}, {}, true));
+    EXPECT_EQ(ReadText(path), "previous export");
+    EXPECT_TRUE(shell.messages.empty());
+    ASSERT_EQ(shell.progress.size(), 1u);
+    EXPECT_TRUE(shell.progress[0].ended);
+}
+
+TEST_F(Export3DSTest, FailedWriteIsReportedAndLeavesNoFile) {
+    GiveEditorTerrain();
+    const std::string path = folder.File("missing/sub/out.3ds");
+    EXPECT_FALSE(editor.Save3DS(path, {}, {}, false));
+    const ShownMessage& message = OnlyMessage();
+    EXPECT_EQ(message.text.rfind("Error - Could not write the 3DS file.\n", 0), 0u) << message.text;
+    EXPECT_NE(message.text.find("out.3ds"), std::string::npos) << message.text;
+    EXPECT_EQ(message.title, "Error");
+    EXPECT_EQ(message.icon, MessageIcon::Critical);
+    EXPECT_FALSE(std::filesystem::exists(path));
+}
+
+} // namespace
