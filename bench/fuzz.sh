@@ -10,20 +10,23 @@ lw_install_packages clang libclang-rt-dev cmake ninja-build
 
 out=build-fuzz
 CC=clang CXX=clang++ cmake -S . -B "$out" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DLW_FUZZ=ON >/dev/null
-cmake --build "$out" --parallel "$(nproc)" --target fuzz-track-reader fuzz-settings make-fuzz-seeds
+cmake --build "$out" --parallel "$(nproc)" --target fuzz-track-reader fuzz-settings make-fuzz-seeds \
+  fuzz-bitmap-reader make-bitmap-seeds
 
 dir=$out/fuzz
 rm -f "$dir"/crash-* "$dir"/leak-* "$dir"/timeout-* "$dir"/oom-*
-mkdir -p "$dir/corpus-track" "$dir/corpus-settings"
+mkdir -p "$dir/corpus-track" "$dir/corpus-settings" "$dir/corpus-bitmap"
 "$dir/make-fuzz-seeds" "$dir/corpus-track"
+"$dir/make-bitmap-seeds" "$dir/corpus-bitmap"
 printf ';CorvantaLandwright\r\n\r\n[General]\r\nAskImportOverwrite=0\r\nWaterTrans=0.75\r\nRmbrViews=True\r\n[Colors]\r\nCR0=0.5\r\n[Recents]\r\nRF0=/tracks/a.cvtrack\r\n' \
   >"$dir/corpus-settings/seed.ini"
 
 failed=0
 run() {
   local name=$1 corpus=$2 status=0
+  shift 2
   echo "== $name for $seconds s"
-  (cd "$dir" && "./$name" -max_total_time="$seconds" -print_final_stats=1 -artifact_prefix="$name-" \
+  (cd "$dir" && "./$name" -max_total_time="$seconds" -print_final_stats=1 -artifact_prefix="$name-" "$@" \
     "$corpus" >"$name.log" 2>&1) || status=$?
   grep -E 'stat::number_of_executed_units|ERROR|SUMMARY|Done' "$dir/$name.log" || true
   if [ "$status" -ne 0 ] || compgen -G "$dir/$name-*" >/dev/null; then
@@ -34,4 +37,6 @@ run() {
 }
 run fuzz-track-reader corpus-track
 run fuzz-settings corpus-settings
+# A bitmap may not make the reader allocate far beyond what its bytes can hold.
+run fuzz-bitmap-reader corpus-bitmap -malloc_limit_mb=16 -max_len=4096
 exit "$failed"
