@@ -20,6 +20,9 @@ struct CliVerb {
 // Each group of verbs lives in a file of its own; CliVerbs.cpp lists the groups.
 std::span<const CliVerb> FileVerbs();        // info, resave
 std::span<const CliVerb> TerrainFileVerbs(); // export-terrain, import-terrain
+// export-heightmap, export-picture, export-heightmap16, import-heightmap, import-picture,
+// import-heightmap16
+std::span<const CliVerb> PictureVerbs();
 
 // Status 1: a file could not be read or written. Prints "landwright-cli: message" on standard error.
 int Fail(const std::string& message);

@@ -10,8 +10,8 @@
 namespace {
 
 // Every group of verbs, in the order the usage text lists them. A new group is one line here.
-std::array<std::span<const CliVerb>, 2> VerbGroups() {
-    return {FileVerbs(), TerrainFileVerbs()};
+std::array<std::span<const CliVerb>, 3> VerbGroups() {
+    return {FileVerbs(), TerrainFileVerbs(), PictureVerbs()};
 }
 
 } // namespace
