@@ -28,6 +28,8 @@
 #include "ViewNotifications.h"
 #include "mCV_TraceTrack.h"
 #include "mCamera.h"
+#include "mHeightMap.h"
+#include "mHeightMap16.h"
 
 #include <functional>
 #include <optional>
@@ -72,6 +74,15 @@ enum class ViewSwitch {
     Trees,
     ClipTerrain,
     StayAbove
+};
+
+// A 16-bit height map read and waiting for its range (and, for a RAW file that is not square, its
+// width): a PNG or square RAW file is decoded already, other RAW files wait as their bytes.
+struct PendingHeightMap16 {
+    std::string path;
+    Grey16Image image;               // decoded, or empty while the width is unknown
+    std::vector<std::uint8_t> bytes; // a RAW file waiting for its width
+    bool NeedsWidth() const { return image.Empty(); }
 };
 
 // Writes a new terrain into the fresh TerrainData it is given. Returning false (nothing to take: a
@@ -200,6 +211,23 @@ public:
     // is reported; a cancel or failure leaves an existing file as it was. True when written.
     bool Save3DS(const std::string& path, const ByteColour& terrainColour, const ByteColour& trackColour,
                  bool includeTrack);
+
+    // Height maps and pictures (EditorHeightMaps.cpp).
+    void ImportHeightMap();
+    void ExportHeightMap();
+    void ExportPicture();
+    // The picture import's first step: the question, the open dialog and the reading. The
+    // picture's greys for frmImportPicture, or nothing when the import ends here (a refusal, a
+    // cancel, a file that is no picture: each already told).
+    std::optional<SampleGrid> BeginImportPicture();
+    // frmImportPicture's confirm: the greys become the terrain.
+    bool ImportPicture(const SampleGrid& greys, const PictureImportOptions& options);
+    // 16-bit height maps. The first step reads the file; what it returns goes to the range dialog,
+    // whose confirm imports it (false keeps the dialog open: the width or range was refused and
+    // the user told).
+    std::optional<PendingHeightMap16> BeginImportHeightMap16();
+    bool ImportHeightMap16(const PendingHeightMap16& pending, const Height16Range& range, int width);
+    void ExportHeightMap16();
 
     // Camera and cursor (EditorView.cpp). Each redraws.
     // The ground under the camera, or nothing without terrain.

@@ -22,6 +22,9 @@ std::span<const CliVerb> FileVerbs();        // info, resave
 std::span<const CliVerb> TerrainFileVerbs(); // export-terrain, import-terrain
 std::span<const CliVerb> TerragenObjVerbs(); // import-terragen, export-obj
 std::span<const CliVerb> ThreeDSVerbs();     // export-3ds
+// export-heightmap, export-picture, export-heightmap16, import-heightmap, import-picture,
+// import-heightmap16
+std::span<const CliVerb> PictureVerbs();
 
 // Status 1: a file could not be read or written. Prints "landwright-cli: message" on standard error.
 int Fail(const std::string& message);

@@ -10,8 +10,8 @@
 namespace {
 
 // Every group of verbs, in the order the usage text lists them. A new group is one line here.
-std::array<std::span<const CliVerb>, 4> VerbGroups() {
-    return {FileVerbs(), TerrainFileVerbs(), TerragenObjVerbs(), ThreeDSVerbs()};
+std::array<std::span<const CliVerb>, 5> VerbGroups() {
+    return {FileVerbs(), TerrainFileVerbs(), PictureVerbs(), TerragenObjVerbs(), ThreeDSVerbs()};
 }
 
 } // namespace

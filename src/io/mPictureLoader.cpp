@@ -2,8 +2,11 @@
 
 #include "FileIO.h"
 #include "PathUtil.h"
+#include "mBitmapFile.h"
 
 #include <algorithm>
+#include <array>
+#include <fstream>
 #include <utility>
 #include <vector>
 
@@ -92,6 +95,14 @@ bool EndsWithSeparator(const std::string& path) {
     return !path.empty() && (path.back() == '\\' || path.back() == '/');
 }
 
+// Bitmaps are told by their first two bytes, whatever their name says.
+bool StartsAsBitmap(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::array<char, 2> head{};
+    if (!file.read(head.data(), 2)) return false;
+    return HasBitmapSignature({reinterpret_cast<const std::uint8_t*>(head.data()), head.size()});
+}
+
 } // namespace
 
 void SetPictureDecoder(PictureDecoder decoder) {
@@ -130,6 +141,7 @@ bool LoadPictureFile(const std::string& path, cDIBSection& image) {
     if (path.empty() || EndsWithSeparator(path)) return false;
     if (path.size() >= 3 && ToLowerAscii(path.substr(path.size() - 3)) == "tga")
         return LoadTargaFile(path, image);
+    if (StartsAsBitmap(path)) return static_cast<bool>(LoadBitmapFile(path, image));
     const PictureDecoder& decoder = RegisteredDecoder();
     std::string error;
     // The decoder reads the file itself: its size is checked here, before it does.

@@ -1,7 +1,7 @@
 #pragma once
-// Loading pictures into a cDIBSection. Targa files (".tga") are read by our own code; bitmaps,
-// GIF and JPEG pictures go through a decoder that the program registers at start-up, so that
-// this library needs no image toolkit. The editor installs the Qt decoder of lw_io_qt.
+// Loading pictures into a cDIBSection. Targa files (".tga") and bitmaps (files beginning "BM") are
+// read by our own code; GIF, JPEG and PNG pictures go through a decoder that the program registers at
+// start-up, so that this library needs no image toolkit. The editor installs the Qt decoder of lw_io_qt.
 
 #include "cDIBSection.h"
 
@@ -21,8 +21,9 @@ void SetPictureDecoder(PictureDecoder decoder);
 void InstallQtPictureDecoder();
 
 // Loads the picture at path into image. Fails for an empty path or one ending in "\" or "/";
-// when the last three characters, lower-cased, are "tga" the Targa reader is used, otherwise the
-// registered decoder (failing when there is none). image is replaced only on success.
+// when the last three characters, lower-cased, are "tga" the Targa reader is used, for a file that
+// begins "BM" the bitmap reader (mBitmapFile.h), otherwise the registered decoder (failing when there is
+// none). image is replaced only on success.
 bool LoadPictureFile(const std::string& path, cDIBSection& image);
 
 // Targa reader: uncompressed (type 2) and run-length encoded (type 10) true-colour pictures of

@@ -1,4 +1,4 @@
-// Bitmaps, GIF and JPEG pictures through QImage: the one file of io that uses Qt (QtGui only).
+// GIF, JPEG and PNG pictures through QImage (QtGui only); bitmaps are read by io itself.
 #include "mPictureLoader.h"
 
 #include <QFile>

@@ -2,6 +2,7 @@
 
 #include "RenderInputFromEditor.h"
 #include "frmSplash.h"
+#include "mHeightMap16.h"
 #include "mPictureLoader.h"
 #include "pbOpenGL.h"
 
@@ -21,6 +22,7 @@ frmMain::frmMain(const QString& programFolder, QWidget* parent)
     : QMainWindow(parent), widgets_(this), editor_(widgets_, *this, ToPath(programFolder)) {
     setObjectName("frmMain");
     InstallQtPictureDecoder();
+    InstallQtPng16Codec();
     view = new pbOpenGL(this);
     view->SetInputSource([this] { return MakeRenderInput(editor_); });
     setCentralWidget(view);

@@ -10,16 +10,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-void ExpectPrinted(const CliRun& run, std::initializer_list<const char*> lines) {
-    ASSERT_EQ(run.status, 0) << run.out;
-    for (const char* line : lines)
-        EXPECT_NE(run.out.find(line), std::string::npos) << line << "\n" << run.out;
-}
-
-} // namespace
-
 TEST(LandwrightCli, InfoSummarisesTracksAndTerrains) {
     const std::string demo = std::string(LW_BIN_DIR) + "/tracks/Demo.cvtrack";
     ExpectPrinted(RunCli("info", {demo}),

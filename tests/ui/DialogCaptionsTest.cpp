@@ -7,6 +7,8 @@
 #include "frmAdjustHeight.h"
 #include "frmAskLoad.h"
 #include "frmFilter.h"
+#include "frmImportHeightMap16.h"
+#include "frmImportPicture.h"
 #include "frmImportTerragen.h"
 #include "frmKeyboardShortcuts.h"
 #include "frmMain.h"
@@ -51,6 +53,18 @@ std::unique_ptr<QWidget> Make3DSExport(Editor& editor) {
     return std::make_unique<frm3DSExport>(editor, "scene.3ds", nullptr);
 }
 
+std::unique_ptr<QWidget> MakeImportPicture(Editor& editor) {
+    SampleGrid greys;
+    greys.Resize(2, 2, 128.0f);
+    return std::make_unique<frmImportPicture>(editor, greys, nullptr);
+}
+
+std::unique_ptr<QWidget> MakeImportHeightMap16(Editor& editor) {
+    PendingHeightMap16 pending;
+    pending.image = {2, 2, {0, 1, 2, 3}};
+    return std::make_unique<frmImportHeightMap16>(editor, pending, nullptr);
+}
+
 std::unique_ptr<QWidget> MakeMainWindow(Editor& editor) {
     return std::make_unique<frmMain>(QString::fromStdString(editor.ProgramFolder()));
 }
@@ -83,6 +97,8 @@ const CaptionRow kCaptionRows[] = {
     {"AskImportOverwrite", Make<frmAskImportOverwrite>, "Overwrite Current Terrain..."},
     {"ImportTerragen", MakeImportTerragen, "Import Terragen Terrain..."},
     {"Export3DS", Make3DSExport, "Export 3DStudioMax..."},
+    {"ImportPicture", MakeImportPicture, "Import Picture"},
+    {"ImportHeightMap16", MakeImportHeightMap16, "Import Height Map (16-bit)"},
 };
 
 class WindowCaptionTest : public ::testing::TestWithParam<CaptionRow> {};
@@ -127,6 +143,14 @@ const ControlTextRow kControlTextRows[] = {
     {"AdjustRaise", Make<frmAdjustHeight>, "optMode_0", "Raise by this ammount"},
     {"AdjustLower", Make<frmAdjustHeight>, "optMode_1", "Lower by this ammount"},
     {"AdjustSet", Make<frmAdjustHeight>, "optMode_2", "Set to exactly this ammount"},
+    {"ImportPictureLow", MakeImportPicture, "optTeraStruct_0", "Low Detail"},
+    {"ImportPictureNormal", MakeImportPicture, "optTeraStruct_1", "Normal Detail"},
+    {"ImportPictureHigh", MakeImportPicture, "optTeraStruct_2", "High Detail"},
+    {"ImportPictureWater", MakeImportPicture, "chkWater", "Add Water"},
+    {"ImportPictureInvert", MakeImportPicture, "chkInvert", "Invert Picture"},
+    {"ImportPictureOk", MakeImportPicture, "btnMain_0", "OK"},
+    {"ImportPictureCancel", MakeImportPicture, "btnMain_1", "Cancel"},
+    {"ImportHeightMap16Size", MakeImportHeightMap16, "lblSize", "2 x 2 points"},
     {"OptionsAlwaysLoadTrackTerrain", Make<frmOptions>, "optAskLoadTrackTerrain_1",
      "Always Load The Terrain With The Track Overwritting Terrain In The Editor"},
     {"ImportTerragenWater", MakeImportTerragen, "chkWater", "Terrain Has Water"},

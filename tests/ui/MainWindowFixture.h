@@ -75,6 +75,20 @@ protected:
     }
 };
 
+// Once the next modal Dialog under parent shows, lets the test act on it; one the action leaves
+// open is closed, so a failing test cannot hang.
+template <typename Dialog> void WhenShown(QObject* parent, std::function<void(Dialog&)> act) {
+    QTimer::singleShot(0, parent, [parent, act] {
+        for (Dialog* dialog : parent->findChildren<Dialog*>())
+            if (dialog->isVisible()) {
+                act(*dialog);
+                if (dialog->isVisible()) dialog->reject();
+                return;
+            }
+        ADD_FAILURE() << "the dialog did not open";
+    });
+}
+
 // A Dialog over an editor of its own, with its questions answered by a scripted shell.
 template <typename Dialog> class DialogTest : public ::testing::Test {
 protected:

@@ -10,20 +10,6 @@
 
 namespace {
 
-// Once the next modal Dialog under parent shows, lets the test act on it; one the action leaves
-// open is closed, so a failing test cannot hang.
-template <typename Dialog> void WhenShown(QObject* parent, std::function<void(Dialog&)> act) {
-    QTimer::singleShot(0, parent, [parent, act] {
-        for (Dialog* dialog : parent->findChildren<Dialog*>())
-            if (dialog->isVisible()) {
-                act(*dialog);
-                if (dialog->isVisible()) dialog->reject();
-                return;
-            }
-        ADD_FAILURE() << "the dialog did not open";
-    });
-}
-
 // Stand-ins for every texture the presets name, so that only the files a test leaves out are missing.
 void TouchPresetTextures(const std::string& programFolder) {
     std::vector<std::string> stored;
