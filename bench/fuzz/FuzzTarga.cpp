@@ -9,7 +9,8 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     cDIBSection image;
     if (!DecodeTarga({data, size}, image)) return 0;
-    if (size < 18 || image.Width() != (data[12] | data[13] << 8) || image.Height() != (data[14] | data[15] << 8))
+    if (size < 18 || image.Width() != (data[12] | data[13] << 8) ||
+        image.Height() != (data[14] | data[15] << 8))
         std::abort();
     cDIBSection again;
     if (!DecodeTarga(EncodeTGA(image.PackedBgr(), image.Width(), image.Height()), again) ||
