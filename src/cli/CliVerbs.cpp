@@ -2,10 +2,8 @@
 // usage text.
 #include "CliTerrain.h"
 
-#include <algorithm>
 #include <array>
-#include <utility>
-#include <vector>
+#include <string>
 
 namespace {
 
@@ -24,18 +22,16 @@ const CliVerb* FindVerb(const std::string& name) {
 }
 
 std::string UsageText() {
-    std::vector<std::pair<std::string, std::string>> lines;
+    // Each verb on a line of its own with its arguments, its summary indented below it: the
+    // arguments of the conversions are too long to share a line with a summary.
+    std::string text;
+    const auto add = [&text](const std::string& call, const std::string& summary) {
+        text += (text.empty() ? "usage: landwright-cli " : "       landwright-cli ") + call + "\n";
+        text += "           " + summary + "\n";
+    };
     for (std::span<const CliVerb> group : VerbGroups())
         for (const CliVerb& verb : group)
-            lines.emplace_back(std::string(verb.name) + " " + verb.arguments, verb.summary);
-    lines.emplace_back("--help", "this list");
-    std::size_t width = 0;
-    for (const auto& line : lines)
-        width = std::max(width, line.first.size());
-    std::string text;
-    for (const auto& [call, summary] : lines) {
-        text += text.empty() ? "usage: " : "       ";
-        text += "landwright-cli " + call + std::string(width + 2 - call.size(), ' ') + summary + "\n";
-    }
+            add(std::string(verb.name) + " " + verb.arguments, verb.summary);
+    add("--help", "this list");
     return text;
 }
