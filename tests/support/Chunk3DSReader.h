@@ -16,8 +16,7 @@
 struct Chunk3DS {
     std::uint16_t id = 0;
     std::uint32_t length = 0;
-    std::size_t start = 0; // offset of the chunk's header
-    std::size_t data = 0;  // offset of the chunk's own contents (before any sub-chunk)
+    std::size_t data = 0; // offset of the chunk's own contents (before any sub-chunk)
     std::vector<Chunk3DS> children;
 
     std::vector<std::uint16_t> ChildIds() const {
@@ -37,13 +36,9 @@ class Chunk3DSReader {
 public:
     explicit Chunk3DSReader(const std::vector<std::uint8_t>& bytes) : bytes_(bytes) {}
 
-    // The tree from offset 0, or an error naming the first inconsistency.
-    bool Walk(Chunk3DS& root, std::string& error) {
-        error_.clear();
-        const bool ok = ReadChunk(0, bytes_.size(), root) && root.length == bytes_.size();
-        if (ok) return true;
-        error = error_.empty() ? "the main chunk does not span the file" : error_;
-        return false;
+    // The tree from offset 0; false at the first chunk that does not fit.
+    bool Walk(Chunk3DS& root) const {
+        return ReadChunk(0, bytes_.size(), root) && root.length == bytes_.size();
     }
 
     std::uint16_t U16(std::size_t at) const {
@@ -67,49 +62,27 @@ public:
 
 private:
     // Bytes of a container's own contents before its sub-chunks; -1 for a chunk without sub-chunks.
-    long long Prefix(std::uint16_t id, std::size_t data, std::size_t end) const {
-        switch (id) {
-        case 0x4D4D:
-        case 0x3D3D:
-        case 0xAFFF:
-        case 0x4100:
-        case 0xA010:
-        case 0xA020:
-        case 0xA030:
-        case 0xA040:
-        case 0xA041:
-        case 0xA050:
-        case 0xA052:
-        case 0xA053:
-        case 0xA084:
-            return 0;
-        case 0x4000: { // the object's name and its zero
-            std::size_t at = data;
-            while (at < end && bytes_[at] != 0)
-                ++at;
-            return at < end ? static_cast<long long>(at - data + 1) : -2;
-        }
-        case 0x4120: // the face count and the faces
-            return data + 2 <= end ? 2 + 8 * static_cast<long long>(U16(data)) : -2;
-        default:
-            return -1;
-        }
+    long long Prefix(std::uint16_t id, std::size_t data) const {
+        static constexpr std::uint16_t kContainers[] = {0x4D4D, 0x3D3D, 0xAFFF, 0x4100, 0xA010,
+                                                        0xA020, 0xA030, 0xA040, 0xA041, 0xA050,
+                                                        0xA052, 0xA053, 0xA084};
+        for (std::uint16_t c : kContainers)
+            if (c == id) return 0;
+        if (id == 0x4000) return static_cast<long long>(Text(data).size() + 1); // the name and its zero
+        if (id == 0x4120 && data + 2 <= bytes_.size()) return 2 + 8 * static_cast<long long>(U16(data));
+        return -1;
     }
 
-    bool ReadChunk(std::size_t at, std::size_t end, Chunk3DS& chunk) {
-        if (at + 6 > end) return Fail("a chunk header runs past its parent at " + std::to_string(at));
+    bool ReadChunk(std::size_t at, std::size_t end, Chunk3DS& chunk) const {
+        if (at + 6 > end) return false;
         chunk.id = U16(at);
         chunk.length = U32(at + 2);
-        chunk.start = at;
         chunk.data = at + 6;
-        if (chunk.length < 6 || at + chunk.length > end)
-            return Fail("chunk " + std::to_string(chunk.id) + " at " + std::to_string(at) +
-                        " overruns its parent");
+        if (chunk.length < 6 || at + chunk.length > end) return false;
         const std::size_t chunkEnd = at + chunk.length;
-        const long long prefix = Prefix(chunk.id, chunk.data, chunkEnd);
-        if (prefix == -1) return true;
-        if (prefix < 0 || chunk.data + static_cast<std::size_t>(prefix) > chunkEnd)
-            return Fail("the contents of chunk " + std::to_string(chunk.id) + " overrun it");
+        const long long prefix = Prefix(chunk.id, chunk.data);
+        if (prefix < 0) return true;
+        if (chunk.data + static_cast<std::size_t>(prefix) > chunkEnd) return false;
         for (std::size_t child = chunk.data + static_cast<std::size_t>(prefix); child < chunkEnd;) {
             Chunk3DS sub;
             if (!ReadChunk(child, chunkEnd, sub)) return false;
@@ -119,13 +92,7 @@ private:
         return true;
     }
 
-    bool Fail(std::string why) {
-        error_ = std::move(why);
-        return false;
-    }
-
     const std::vector<std::uint8_t>& bytes_;
-    std::string error_;
 };
 
 // What an export holds at a glance: its objects' names and its materials' diffuse colours, in file
@@ -137,20 +104,18 @@ struct Export3DSSummary {
 
 inline Export3DSSummary Summarise3DS(const std::string& path) {
     const std::vector<std::uint8_t> bytes = ReadBytes(path);
-    Chunk3DSReader reader(bytes);
+    const Chunk3DSReader reader(bytes);
     Chunk3DS root;
     Export3DSSummary summary;
-    std::string error;
-    const bool walked = reader.Walk(root, error);
-    EXPECT_TRUE(walked) << path << ": " << error;
-    if (!walked || root.children.size() < 2) return summary;
+    if (!reader.Walk(root) || root.children.size() < 2) {
+        ADD_FAILURE() << path << " does not walk";
+        return summary;
+    }
     for (const Chunk3DS& c : root.children[1].children) {
         if (c.id == 0x4000) summary.objects.push_back(reader.Text(c.data));
-        const Chunk3DS* diffuse = c.id == 0xAFFF ? c.Find(0xA020) : nullptr;
-        if (diffuse) {
-            const std::size_t rgb = diffuse->data + 6;
-            summary.diffuse.push_back({bytes[rgb], bytes[rgb + 1], bytes[rgb + 2]});
-        }
+        if (const Chunk3DS* diffuse = c.id == 0xAFFF ? c.Find(0xA020) : nullptr)
+            summary.diffuse.push_back(
+                {bytes[diffuse->data + 6], bytes[diffuse->data + 7], bytes[diffuse->data + 8]});
     }
     return summary;
 }
