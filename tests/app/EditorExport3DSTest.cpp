@@ -28,15 +28,20 @@ TEST_F(Export3DSTest, SaveDialogAsksFor3dsFilesAndNothingWithoutTerrain) {
     EXPECT_EQ(shell.saveDialogs[0].title, "Export 3DStudioMax...");
     EXPECT_EQ(shell.saveDialogs[0].filter, "3DStudioMax Files (*.3ds)|*.3ds");
     EXPECT_EQ(shell.saveDialogs[0].defaultExtension, "3ds");
+    EXPECT_TRUE(shell.saveDialogs[0].confirmOverwrite);
 }
 
-TEST_F(Export3DSTest, TrackObjectsFollowTheTerrainOnlyWhenTheTrackIsIncluded) {
-    OpenSampleTrack();
+TEST_F(Export3DSTest, TrackObjectsFollowTheTerrainOnlyWhenTheTrackIsIncludedAndThere) {
+    GiveEditorTerrain(5);
     const std::string path = folder.File("scene.3ds");
+    ASSERT_TRUE(editor.Save3DS(path, {1, 2, 3}, {250, 128, 0}, true));
+    EXPECT_EQ(Summarise3DS(path).objects, std::vector<std::string>{"TERA0000"});
+
+    shell.askChoices.push_back({0, false}); // take the track's terrain
+    OpenSampleTrack();
     ASSERT_TRUE(editor.Save3DS(path, {1, 2, 3}, {250, 128, 0}, true));
     const Export3DSSummary with = Summarise3DS(path);
     ASSERT_GE(with.objects.size(), 2u);
-    EXPECT_EQ(with.objects[0], "TERA0000");
     EXPECT_EQ(with.objects[1], "TRCK0000");
     EXPECT_EQ(with.diffuse, (std::vector<std::array<int, 3>>{{1, 2, 3}, {250, 128, 0}}));
 
@@ -47,39 +52,25 @@ TEST_F(Export3DSTest, TrackObjectsFollowTheTerrainOnlyWhenTheTrackIsIncluded) {
     EXPECT_TRUE(shell.messages.empty());
 }
 
-TEST_F(Export3DSTest, IncludingATrackThatIsNotThereWritesTheTerrainAlone) {
-    GiveEditorTerrain(5);
-    EXPECT_FALSE(editor.CanExport3DSTrack());
-    const std::string path = folder.File("alone.3ds");
-    ASSERT_TRUE(editor.Save3DS(path, editor.Export3DSTerrainColour(), editor.Export3DSTrackColour(), true));
-    EXPECT_EQ(Summarise3DS(path).objects, std::vector<std::string>{"TERA0000"});
-}
-
-TEST_F(Export3DSTest, ProgressCountsEveryObjectWritten) {
-    OpenSampleTrack();
-    ASSERT_TRUE(editor.Save3DS(folder.File("p.3ds"), {}, {}, true));
-    const std::size_t objects = Summarise3DS(folder.File("p.3ds")).objects.size();
-    ASSERT_EQ(shell.progress.size(), 1u);
-    const ProgressReport& report = shell.progress[0];
-    EXPECT_EQ(report.maximum, static_cast<int>(objects));
-    std::vector<int> expected;
-    for (std::size_t i = 1; i <= objects; ++i)
-        expected.push_back(static_cast<int>(i));
-    EXPECT_EQ(report.values, expected);
-    EXPECT_EQ(report.cancelQueries, static_cast<int>(objects));
-    EXPECT_TRUE(report.ended);
-}
-
-TEST_F(Export3DSTest, CancelLeavesTheExistingFileAndSaysNothing) {
+TEST_F(Export3DSTest, ProgressCountsEveryObjectWrittenAndCancelLeavesTheExistingFile) {
     OpenSampleTrack();
     const std::string path = folder.File("keep.3ds");
+    ASSERT_TRUE(editor.Save3DS(path, {}, {}, true));
+    const int objects = static_cast<int>(Summarise3DS(path).objects.size());
+    ASSERT_EQ(shell.progress.size(), 1u);
+    const ProgressReport& report = shell.progress[0];
+    EXPECT_EQ(report.maximum, objects);
+    ASSERT_EQ(report.values.size(), static_cast<std::size_t>(objects));
+    EXPECT_EQ(report.values.back(), objects);
+    EXPECT_EQ(report.cancelQueries, objects);
+    EXPECT_TRUE(report.ended);
+
     WriteText(path, "previous export");
     shell.cancelAtQuery = 1;
     EXPECT_FALSE(editor.Save3DS(path, {}, {}, true));
     EXPECT_EQ(ReadText(path), "previous export");
     EXPECT_TRUE(shell.messages.empty());
-    ASSERT_EQ(shell.progress.size(), 1u);
-    EXPECT_TRUE(shell.progress[0].ended);
+    EXPECT_TRUE(shell.progress.at(1).ended);
 }
 
 TEST_F(Export3DSTest, FailedWriteIsReportedAndLeavesNoFile) {
