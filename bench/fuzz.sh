@@ -17,7 +17,7 @@ cmake --build "$out" --parallel "$(nproc)" --target fuzz-track-reader fuzz-setti
   fuzz-terragen fuzz-bitmap-reader make-fuzz-seeds make-terragen-seeds make-bitmap-seeds
 
 dir=$out/fuzz
-rm -f "$dir"/crash-* "$dir"/leak-* "$dir"/timeout-* "$dir"/oom-*
+rm -f "$dir"/*-crash-* "$dir"/*-leak-* "$dir"/*-timeout-* "$dir"/*-oom-*
 mkdir -p "$dir/corpus-track" "$dir/corpus-settings" "$dir/corpus-terrain" "$dir/corpus-targa" "$dir/corpus-terragen" \
   "$dir/corpus-bitmap"
 "$dir/make-fuzz-seeds" "$dir/corpus-track" "$dir/corpus-terrain" "$dir/corpus-targa"
