@@ -77,26 +77,18 @@ const TrackDocument kBunched = Track({Vertex({0, 0, 0}, kEast, 1, 0), Vertex({60
 
 } // namespace
 
-TEST(TraceTrack, FewerThanTwoVerticesGiveNoSpine) {
+TEST(TraceTrack, FewerThanTwoVerticesGiveNoSpineAndTracingAgainLeavesNothingOfTheOld) {
     TrackDocument doc;
-    for (int vertices = 0; vertices < 2; ++vertices) {
-        TrackSpine spine = Level();
-        EXPECT_FALSE(TraceTrack(doc, spine)) << vertices;
-        EXPECT_TRUE(spine.segments.empty() && spine.drawnPoints.empty()) << vertices;
+    for (int vertices = 0; vertices < 3; ++vertices) {
+        TrackSpine spine = Traced(MakeDemoTrack());
+        EXPECT_EQ(TraceTrack(doc, spine), vertices == 2) << vertices;
+        ASSERT_EQ(spine.segments.size(), vertices == 2 ? 1u : 0u) << vertices;
+        EXPECT_EQ(spine.drawnPoints.size(), vertices == 2 ? spine.segments[0].points.size() : 0u);
+        for (const DrawnPoint& p : spine.drawnPoints)
+            EXPECT_GT(p.p2.x, 290.0f) << "a point of the old track";
         doc.bezier.vertices.push_back(
             Vertex({300.0f + 10.0f * static_cast<float>(vertices), 40, 300}, kEast, 3, 3));
     }
-}
-
-TEST(TraceTrack, TracingAgainLeavesNothingOfTheOldSpine) {
-    const TrackDocument doc =
-        Track({Vertex({300.0f, 40, 300}, kEast, 3, 3), Vertex({310.0f, 40, 300}, kEast, 3, 3)});
-    TrackSpine spine = Traced(MakeDemoTrack());
-    ASSERT_TRUE(TraceTrack(doc, spine));
-    ASSERT_EQ(spine.segments.size(), 1u);
-    EXPECT_EQ(spine.drawnPoints.size(), spine.segments[0].points.size());
-    for (const DrawnPoint& p : spine.drawnPoints)
-        EXPECT_GT(p.p2.x, 290.0f);
 }
 
 TEST(TraceTrack, AStraightStretchIsSampledEvenlyEasingItsBankSoPositiveRollLowersTheRightRail) {
