@@ -208,18 +208,13 @@ TEST(TraceDemo, TheCircuitClosesWithEveryRailPointNearItsHeartlineAndNoneUpsideD
     }
 }
 
-TEST(RailConnectors, AMissingStretchOrParameterFailsLeavingTheOutputAlone) {
+TEST(RailConnectors, LieOnTheCurveAtTheirClampedParameterAndAMissingOneLeavesTheOutputAlone) {
     const TrackSpine spine = Level();
     Vector3 at{7.0f, 7.0f, 7.0f};
     for (const auto& [stretch, parameter] :
          {std::pair{-1, 0.5f}, std::pair{1, 0.5f}, std::pair{0, std::numeric_limits<float>::quiet_NaN()}})
         EXPECT_FALSE(RailConnectorPosition(spine, stretch, parameter, at)) << stretch << " " << parameter;
     EXPECT_EQ(Distance(at, {7.0f, 7.0f, 7.0f}), 0.0);
-}
-
-TEST(RailConnectors, LieOnTheCurveAtTheirClampedParameter) {
-    const TrackSpine spine = Level();
-    Vector3 at;
     for (const auto& [parameter, x] : {std::pair{1.5f, 40.0f}, std::pair{-0.2f, 0.0f}}) {
         ASSERT_TRUE(RailConnectorPosition(spine, 0, parameter, at));
         EXPECT_LT(Distance(at, {x, 10.0f, 0.0f}), 1e-5) << parameter;
