@@ -254,6 +254,9 @@ TEST(TrackFileDamage, BadLengthsCountsAndGridsAreRefusedWhileHarmlessValuesPass)
             EXPECT_TRUE(*chunk || doc.bezier.vertices.empty()) << "header count " << value;
         }
     EXPECT_TRUE(Parses(SerializeTrack(MakeSampleTrack(513, 513)))) << "the largest grid is accepted";
+    // A whole grid one point too wide or too long: the header patches above are refused for being short.
+    EXPECT_FALSE(Parses(SerializeTrack(MakeSampleTrack(514, 2))) ||
+                 Parses(SerializeTrack(MakeSampleTrack(2, 514))));
     for (std::int32_t length : {-100, kMax}) // an unknown chunk must end within the file
         EXPECT_FALSE(Parses(WithChunk(l.bytes, 32, "QQQQ", length, 0))) << "unknown chunk length " << length;
 }
